@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/Control.h"
+#include "platform/vt/Emulator.h"
+
+namespace quorvel {
+
+// The terminal: an emulation with its settings, selection and keys, as the form code sees it. A
+// peer paints emulation().screen() and reports keys.
+class Terminal : public Control {
+ public:
+  Terminal(Container& parent, std::string name, int index = -1);
+  ControlKind kind() const override { return ControlKind::Terminal; }
+
+  // --- settings
+  Property<int> TermType{*this, Prop::TerminalMode, 4};    // index of vt::TerminalType
+  Property<int> Columns{*this, Prop::TerminalMode, 0};     // 0: 80, 1: 132
+  Property<int> Rows{*this, Prop::TerminalMode, 24};
+  Property<int> BufferRows{*this, Prop::TerminalMode, 500};  // of scroll-back
+  Property<int> KeyPad{*this, Prop::TerminalMode, 0};      // 0 numeric, 1 application
+  Property<int> CursorKeys{*this, Prop::TerminalMode, 0};  // 0 normal, 1 application
+  Property<int> BoldColor{*this, Prop::ForeColor, 0xFFFF00};
+  Property<bool> PassThrough{*this, Prop::TerminalMode, true};
+  // True while a session is up; the peer shows a resting cursor otherwise.
+  Property<bool> SessionUp{*this, Prop::Cursor, false};
+  // Whether the screen scrolls into view when output arrives while the user looks at scroll-back.
+  Property<bool> KeepScrolledView{*this, Prop::TerminalMode, true};
+
+  // --- output
+  void Write(std::string_view bytes);
+  // Prints what the terminal shows; RuntimeError 482 when it can't be printed.
+  void PrintScreen();
+  std::vector<std::string> ScreenLines() const;
+
+  // --- selection: lines joined by CR LF, and the part of them that is selected
+  struct Selection {
+    int start = 0;   // one-based position in text
+    int length = 0;  // 0: nothing is selected
+    std::string text;
+    bool operator==(const Selection&) const = default;
+  };
+  const Selection& selection() const { return selection_; }
+
+  // --- events
+  std::function<void(const std::string&)> KeyboardData;  // text of a key that is to go out
+  std::function<void(const std::string&)> Answer;        // what the terminal itself answers
+  Event SelectionChange;
+
+  // --- what the user did
+  void UserText(const std::string& bytes);
+  void UserKey(vt::Key key, vt::Modifiers modifiers);
+  void UserSelect(Selection selection);
+  void UserScroll(int lines);
+
+  vt::Emulator& emulation() { return emulation_; }
+  const vt::Emulator& emulation() const { return emulation_; }
+  void PropertyChanged(Prop prop) override;
+
+ private:
+  void ApplyModes();
+
+  vt::Emulator emulation_;
+  Selection selection_;
+};
+
+}  // namespace quorvel
