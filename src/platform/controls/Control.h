@@ -40,8 +40,20 @@ class ControlPeer {
 };
 
 enum class ControlKind {
-  Label, TextBox, ComboBox, ListBox, ListView, Button, CheckBox, OptionButton, Frame, Panel,
-  PictureBox, TabStrip, Elastic, Terminal,
+  Label,
+  TextBox,
+  ComboBox,
+  ListBox,
+  ListView,
+  Button,
+  CheckBox,
+  OptionButton,
+  Frame,
+  Panel,
+  PictureBox,
+  TabStrip,
+  Elastic,
+  Terminal,
 };
 
 // A control of a window: a plain object that holds its own state and works with no toolkit behind
@@ -62,8 +74,8 @@ class Control : public Container, public Observed {
   virtual bool TakesFocus() const { return true; }
 
   const std::string& Name() const { return name_; }
-  int Index() const { return index_; }      // -1 outside a control array
-  std::string CodeName() const;             // "txtEntry(5)", "cmdOK"
+  int Index() const { return index_; }  // -1 outside a control array
+  std::string CodeName() const;         // "txtEntry(5)", "cmdOK"
   // The text of the label that stands for it, else its own caption or tip, made unique in its
   // window; never empty.
   std::string AccessibleName() const;

@@ -84,7 +84,7 @@ class Desktop {
   Backend& backend() { return backend_; }
 
   // Used by Window::ShowModal: handlers inside it are outermost again.
-  void EnterModal();
+  void EnterModal(const Window& window);
   void LeaveModal();
   // Throws ProcessEnding when the process ends.
   void CheckEnding() const;
@@ -96,14 +96,23 @@ class Desktop {
     std::function<void()> event;
   };
 
+  // The handlers running above one modal window (at first: above none).
+  struct Level {
+    const Window* modal = nullptr;
+    int running = 0;
+  };
+
   bool InputHeld() const;
+  int RunningReceives() const;
+  bool MayRun(EventKind kind) const;
+  void Settle();
   void ReportFailure(const RuntimeError& failure);
-  bool Guarded(const std::function<void()>& body);
+  void Guard(const std::function<void()>& body);
 
   Backend& backend_;
   std::deque<Queued> queue_;
   std::vector<Context> contexts_;
-  std::vector<int> depths_{0};  // running handlers, one count a modal level
+  std::vector<Level> levels_{1};
   int boxes_ = 0;
   bool ending_ = false;
   Focus focus_;

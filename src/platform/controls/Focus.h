@@ -30,19 +30,20 @@ class Focus {
   void SetFocus(Control& control);
   void SetFocus(Window& window);
   void Shown(Window& window);
-  void ShownModal(Window& window);
   void Hidden(Window& window);
   // Something was disabled, hidden or removed: takes the keyboard from a control that can't have
   // it any more.
   void Check(Window& window);
   void Removed(Control& control);
   // An event has been handled; `outermost` when no other handler is running below it.
-  void Settle(bool outermost);
+  // True when that raised events, after which there may be more to settle.
+  bool Settle(bool outermost);
   // Whether a modal window stands above `window`.
   bool IsBlocked(const Window& window) const;
 
  private:
   void BringToFront(Window& window);
+  void PutBehindModal(Window& window);
   void Activate(Window& window);
   void Enter(Window& window, Control& control);
   void EnterAgain(Window& window);

@@ -7,22 +7,56 @@ namespace quorvel {
 // What a peer or an owner is told has changed.
 enum class Prop {
   // Controls and windows
-  Left, Top, Width, Height, Visible, Enabled, Caption, Font, BackColor, ForeColor, ToolTipText,
-  TabIndex, TabStop, Page, Picture, AccessibleText,
+  Left,
+  Top,
+  Width,
+  Height,
+  Visible,
+  Enabled,
+  Caption,
+  Font,
+  BackColor,
+  ForeColor,
+  ToolTipText,
+  TabIndex,
+  TabStop,
+  Page,
+  Picture,
+  AccessibleText,
   // Text
-  Text, MaxLength, PasswordChar, SelStart, SelLength, Locked,
+  Text,
+  MaxLength,
+  PasswordChar,
+  SelStart,
+  SelLength,
+  Locked,
   // Lists
-  Items, ListIndex, Columns,
+  Items,
+  ListIndex,
+  Columns,
   // Buttons
-  Value, Default, Cancel,
+  Value,
+  Default,
+  Cancel,
   // Tab strips
-  Tab, Tabs, TabHeight,
+  Tab,
+  Tabs,
+  TabHeight,
   // Menus
   Checked,
   // Elastic containers
   Mode,
   // Terminal
-  Screen, Selection, Cursor, TerminalMode,
+  Screen,
+  Selection,
+  Cursor,
+  TermType,
+  ScreenSize,
+  BufferRows,
+  KeyPad,
+  CursorKeys,
+  PassThrough,
+  KeepScrolledView,
 };
 
 // Somebody who is told when one of their properties has got another value.
@@ -34,8 +68,8 @@ class Observed {
   ~Observed() = default;
 };
 
-// A value that tells its owner when it changes: `cmdOK.Enabled = false;`. Read it with `cmdOK.Text()`.
-// Setting the value that it has already tells nobody.
+// A value that tells its owner when it changes: `cmdOK.Enabled = false;`. Read it with
+// `cmdOK.Text()`. Setting the value that it has already tells nobody.
 template <class T>
 class Property {
  public:

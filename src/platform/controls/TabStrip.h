@@ -14,7 +14,7 @@ class TabStrip : public Control {
   TabStrip(Container& parent, std::string name, int index = -1);
   ControlKind kind() const override { return ControlKind::TabStrip; }
 
-  Property<int> Tab{*this, Prop::Tab, 0};            // the current page
+  Property<int> Tab{*this, Prop::Tab, 0};                // the current page
   Property<int> TabHeight{*this, Prop::TabHeight, 330};  // of the row of tabs; a peer tells its own
   Property<int> TabMaxWidth{*this, Prop::Tabs, 0};
   Property<int> TabsPerRow{*this, Prop::Tabs, 3};

@@ -17,18 +17,18 @@ class Terminal : public Control {
   ControlKind kind() const override { return ControlKind::Terminal; }
 
   // --- settings
-  Property<int> TermType{*this, Prop::TerminalMode, 4};    // index of vt::TerminalType
-  Property<int> Columns{*this, Prop::TerminalMode, 0};     // 0: 80, 1: 132
-  Property<int> Rows{*this, Prop::TerminalMode, 24};
-  Property<int> BufferRows{*this, Prop::TerminalMode, 500};  // of scroll-back
-  Property<int> KeyPad{*this, Prop::TerminalMode, 0};      // 0 numeric, 1 application
-  Property<int> CursorKeys{*this, Prop::TerminalMode, 0};  // 0 normal, 1 application
+  Property<int> TermType{*this, Prop::TermType, 4};   // index of vt::TerminalType
+  Property<int> Columns{*this, Prop::ScreenSize, 0};  // 0: 80, 1: 132
+  Property<int> Rows{*this, Prop::ScreenSize, 24};
+  Property<int> BufferRows{*this, Prop::ScreenSize, 500};  // of scroll-back
+  Property<int> KeyPad{*this, Prop::KeyPad, 0};            // 0 numeric, 1 application
+  Property<int> CursorKeys{*this, Prop::CursorKeys, 0};    // 0 normal, 1 application
   Property<int> BoldColor{*this, Prop::ForeColor, 0xFFFF00};
-  Property<bool> PassThrough{*this, Prop::TerminalMode, true};
+  Property<bool> PassThrough{*this, Prop::PassThrough, true};
   // True while a session is up; the peer shows a resting cursor otherwise.
   Property<bool> SessionUp{*this, Prop::Cursor, false};
-  // Whether the screen scrolls into view when output arrives while the user looks at scroll-back.
-  Property<bool> KeepScrolledView{*this, Prop::TerminalMode, true};
+  // Whether new output leaves a view of the scroll-back where it is.
+  Property<bool> KeepScrolledView{*this, Prop::KeepScrolledView, true};
 
   // --- output
   void Write(std::string_view bytes);
@@ -54,17 +54,20 @@ class Terminal : public Control {
   void UserText(const std::string& bytes);
   void UserKey(vt::Key key, vt::Modifiers modifiers);
   void UserSelect(Selection selection);
-  void UserScroll(int lines);
 
   vt::Emulator& emulation() { return emulation_; }
   const vt::Emulator& emulation() const { return emulation_; }
   void PropertyChanged(Prop prop) override;
 
  private:
-  void ApplyModes();
+  void Apply(Prop mode);
+  void PrintCollected();
 
   vt::Emulator emulation_;
   Selection selection_;
+  // Media copy of one Write: printed after it, so that a printer's failure can't cut the output.
+  std::string toPrint_;
+  bool endPrint_ = false;
 };
 
 }  // namespace quorvel

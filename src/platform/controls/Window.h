@@ -96,6 +96,11 @@ class Window : public Container, public Observed, public std::enable_shared_from
   // instead; 0 when it is used up.
   int UserKeyPress(int code);
 
+  // Runs `body` as one event of the user; the window lives until it has returned.
+  void AsUserEvent(const std::function<void()>& body);
+  // A panel of the main window was shown, hidden or sized.
+  void PanelChanged(const class Panel& panel);
+
   // The frame around the inside (title bar, menu bar, borders), as the backend measures it.
   void AdoptFrame(int horizontal, int vertical);
   WindowPeer* peer() const { return peer_.get(); }
@@ -125,8 +130,9 @@ class Window : public Container, public Observed, public std::enable_shared_from
   bool FinishUnload();
   void Close();
   void ResizeIfVisible();
-  bool UseKey(KeyEvent& key);
-  Button* ButtonFor(bool (*test)(const class Button&)) const;
+  void UseKey(KeyEvent& key);
+  void TravelTo(Control* control);
+  bool ClickButton(bool (*test)(const class Button&));
 
   const Kind kind_;
   const std::string name_;
@@ -143,9 +149,9 @@ class Window : public Container, public Observed, public std::enable_shared_from
 
   // Kept by Focus.
   Control* active_ = nullptr;
-  Control* lost_ = nullptr;        // had the keyboard until it was disabled or hidden
-  bool returns_ = false;           // a modal window above it is gone; GotFocus is due
-  bool activationDue_ = false;     // came to the front by another window's going
+  Control* lost_ = nullptr;     // had the keyboard until it was disabled or hidden
+  bool returns_ = false;        // a modal window above it is gone; GotFocus is due
+  bool activationDue_ = false;  // came to the front by another window's going
 };
 
 }  // namespace quorvel

@@ -1,0 +1,73 @@
+#include "link/CaptureMessages.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "link/HandOvers.h"
+#include "link/Marks.h"
+#include "link/Records.h"
+#include "link/SessionState.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::int16_t kFaxFields = 11;  // the rest of FaxValues is the fax window's own
+
+std::string EmptyIfBlank(const std::string& text) {
+  return text.find_first_not_of(' ') == std::string::npos ? std::string() : text;
+}
+
+// The value of ExportType decides whether a report goes to a program at once.
+bool ExportsAtOnce(std::int16_t type) {
+  return type == 0 || type == 2;
+}
+
+void FillReport(std::ifstream& file) {
+  std::string line;
+  while (std::getline(file, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (Ask().AddReportLine(line)) continue;
+    desktop().backend().SetMousePointer(MousePointer::Default);
+    desktop().MsgBox("Memory exceeded! Choose Export to view entire report");
+    return;
+  }
+}
+
+}  // namespace
+
+void TakeCaptureOn() {
+  SessionState& s = Session();
+  Ask().EnableSessionWindows(false);
+  s.PendingOp = "Capture";
+  s.CaptureCommand = EmptyIfBlank(FieldOf(s.HostMessage, FS, 2));
+  s.CaptureStrip = EmptyIfBlank(FieldOf(s.HostMessage, FS, 3));
+  const std::string fax = FieldOf(s.HostMessage, FS, 4);
+  for (std::int16_t i = 0; i < kFaxFields; ++i) {
+    s.FaxValues[static_cast<std::size_t>(i)] = FieldOf(fax, AM, static_cast<std::int16_t>(i + 1));
+  }
+  std::error_code ignored;
+  std::filesystem::remove(s.CaptureFile, ignored);
+}
+
+void TakeCaptureOff() {
+  SessionState& s = Session();
+  s.PendingOp.clear();
+  if (!s.CaptureCommand.empty() || ExportsAtOnce(s.ExportType)) {
+    Ask().RunExport(s.CaptureCommand);
+    Ask().EnableSessionWindows(true);
+    return;
+  }
+  Ask().ShowReport();
+  desktop().backend().SetMousePointer(MousePointer::Hourglass);
+  std::error_code ignored;
+  if (std::filesystem::exists(s.CaptureFile, ignored)) {
+    std::ifstream file(s.CaptureFile, std::ios::binary);
+    desktop().Yield();
+    Ask().ClearReport();
+    FillReport(file);
+  }
+  desktop().backend().SetMousePointer(MousePointer::Default);
+}
+
+}  // namespace quorvel

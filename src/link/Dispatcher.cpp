@@ -1,0 +1,263 @@
+#include "link/Dispatcher.h"
+
+#include "link/CaptureMessages.h"
+#include "link/HandOvers.h"
+#include "link/Marks.h"
+#include "link/Records.h"
+#include "link/Requests.h"
+#include "link/SessionState.h"
+#include "link/frmPassword.h"
+#include "platform/Numbers.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+namespace {
+
+std::string MessageField(std::int16_t n) {
+  return FieldOf(Session().HostMessage, FS, n);
+}
+
+std::string Trimmed(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+// Most windows that answer the host give the keyboard back to the terminal, unless an entry screen
+// is open.
+void FocusTerminalUnlessScreen() {
+  if (Session().ScreenLoaded == kFalse) Ask().FocusTerminal();
+}
+
+// --- messages of the host
+
+void TakeStartMenu() {
+  SessionState& s = Session();
+  s.MenuId = MessageField(2);
+  s.MenuText = MessageField(3);
+  s.MenuCommands = MessageField(4);
+  if (s.MenuText.empty()) {
+    desktop().MsgBox("No Screen record found");
+    return;
+  }
+  Ask().StartMenu();
+}
+
+// Entry screens open from the client's side; the message is known and ignored.
+void TakeEntryScreen() {}
+
+void TakeCaseLogic() {
+  SessionState& s = Session();
+  s.CaseHook = MessageField(2);
+  s.EntryRecord = MessageField(3);
+  s.OriginalRecord = MessageField(4);
+  s.CaseData = MessageField(5);
+  s.PendingOp = "ReturnCase";
+}
+
+void TakeGenOut() {
+  SessionState& s = Session();
+  if (s.ScreenLoaded == kFalse) return;
+  const std::int16_t number = ToInt16(MessageField(2));
+  const std::string value = Trimmed(MessageField(3));
+  const std::int16_t place = LocateIn(std::to_string(number), s.FieldList, VM);
+  if (place == -1) return;
+  if (FieldOf(s.FieldKinds, VM, place) == "C") {
+    Ask().SelectComboItem(number, value);
+  } else {
+    Ask().SetFieldText(number, value);
+  }
+}
+
+void TakeMaintMode() {
+  Ask().ApplyScreenMode("MAINT");
+  SendToHost(std::string(CR));
+}
+
+void TakeEntryMode() {
+  Ask().ApplyScreenMode("ENTRY");
+  SendToHost(std::string(CR));
+}
+
+ProgramWindow WindowStyleOf(const std::string& text) {
+  static constexpr std::string_view kStyles = "012346";  // 5 is none of the classic ones
+  const bool known = text.size() == 1 && kStyles.find(text[0]) != std::string_view::npos;
+  return known ? static_cast<ProgramWindow>(text[0] - '0') : ProgramWindow::NormalFocus;
+}
+
+void TakeDosExe() {
+  const std::string command = MessageField(2);
+  const ProgramWindow style = WindowStyleOf(MessageField(3));
+  bool notFound = false;
+  try {
+    desktop().backend().programs().Start(command, style);
+  } catch (const RuntimeError& failure) {
+    notFound = failure.failure() == Failure::FileNotFound;  // other failures are ignored
+  }
+  desktop().Yield();
+  if (!notFound) return;
+  const auto first = std::min(command.find_first_not_of(' '), command.size());
+  desktop().MsgBox("Command string " + command.substr(first) + " not found!");
+}
+
+void TakeShowImage() {
+  for (std::size_t i = 0; i < Session().ImageArgs.size(); ++i) {
+    Session().ImageArgs[i] = MessageField(static_cast<std::int16_t>(i + 2));
+  }
+  Ask().ShowImage();
+}
+
+void TakeListBox() {
+  SessionState& s = Session();
+  s.ListFirstWord = MessageField(1) == "~LISTBOXF~" ? kFalse : kTrue;
+  s.ListAnswer.clear();
+  Ask().ShowList();
+  FocusTerminalUnlessScreen();
+  if (!s.ListAnswer.empty() && s.ScreenLoaded == kTrue) {
+    s.PendingOp = "ReturnAns";
+    Ask().FocusField(s.CurrentField);
+  }
+}
+
+void TakeMsgBox() {
+  const std::string title = MessageField(2);
+  desktop().MsgBox(MessageField(3), MessageBoxStyle::kOkOnly, title);
+  SendToHost(std::string(CR));
+}
+
+void TakeGetPassword() {
+  Form<frmPassword>().ShowModal();
+  FocusTerminalUnlessScreen();
+}
+
+void TakeStartPrint() {
+  Session().PassThroughPrint = kTrue;
+}
+
+void TakeStopPrint() {
+  Session().PassThroughPrint = kFalse;
+  desktop().backend().printer().EndDocument();
+}
+
+void Reply(const std::string& token);
+
+void TakeFieldHelp() {
+  Session().PendingOp = "ReadHelp";
+  Reply(MessageField(1));
+}
+
+void TakeErrorMsg() {
+  const std::string& pending = Session().PendingOp;
+  if (pending == "RunOption" || pending == "ReadRecord") return Reply(MessageField(1));
+  desktop().MsgBox(MessageField(2));
+}
+
+struct MessageRow {
+  std::string_view token;
+  void (*action)();
+};
+
+// The messages of the host, by field 1 of their frame. Any other frame is a reply.
+constexpr MessageRow kMessages[] = {
+    {"~STARTMENU~", TakeStartMenu},    {"~ENTRYSCREEN~", TakeEntryScreen},
+    {"~CASELOGIC~", TakeCaseLogic},    {"~GENOUT~", TakeGenOut},
+    {"~MAINT.MODE~", TakeMaintMode},   {"~ENTRY.MODE~", TakeEntryMode},
+    {"~DOSEXE~", TakeDosExe},          {"~SHOWIMAGE~", TakeShowImage},
+    {"~LISTBOX~", TakeListBox},        {"~LISTBOXF~", TakeListBox},
+    {"~MSGBOX~", TakeMsgBox},          {"~CAPTURE-ON~", TakeCaptureOn},
+    {"~CAPTURE-OFF~", TakeCaptureOff}, {"~GETPASSWORD~", TakeGetPassword},
+    {"~FIELDHELP~", TakeFieldHelp},    {"~STARTPRINT~", TakeStartPrint},
+    {"~STOPPRINT~", TakeStopPrint},    {"~ERRORMSG~", TakeErrorMsg},
+};
+
+// --- replies
+
+void ReplyToRunOption(const std::string&) {
+  SessionState& s = Session();
+  s.PendingOp.clear();
+  const std::string answer = MessageField(1);
+  SendToHost(s.OptionId + CR);
+  desktop().Yield();
+  if (answer == "~ERRORMSG~" && s.OptionId.substr(0, 6) != "SY.DOS") {
+    Ask().HideMenu();
+    Ask().FocusTelnetWindow();
+  }
+}
+
+void ReplyToReadHelp(const std::string&) {
+  Ask().ShowHelpText();
+}
+
+void ReplyToWriteHelp(const std::string& token) {
+  if (token != "OK") desktop().MsgBox("Error updating Help Text " + std::string(LF) + token);
+}
+
+void ReplyToRead(const std::string& token) {
+  SessionState& s = Session();
+  const bool failed = token == "~ERRORMSG~";
+  s.ReadFailed = failed ? kTrue : kFalse;
+  s.ReadMessage = failed ? MessageField(2) : std::string();
+  s.ReplyRecord = failed ? std::string() : s.HostMessage;
+}
+
+void ReplyToOpenFiles(const std::string& token) {
+  SessionState& s = Session();
+  s.OpenFailed = token == "~OPENERROR~" ? kTrue : kFalse;
+  if (s.OpenFailed == kTrue) s.OpenMessage = MessageField(2);
+}
+
+void ReplyToWrite(const std::string& token) {
+  if (token == "~WRITERROR~") desktop().MsgBox(MessageField(2));
+}
+
+void ReplyToDelete(const std::string& token) {
+  if (token == "~DELETERROR~") desktop().MsgBox(MessageField(2));
+}
+
+void ReplyToLock(const std::string&) {}  // the caller reads HostMessage
+
+struct ReplyRow {
+  std::string_view pendingOp;
+  void (*action)(const std::string& token);
+};
+
+// Who awaits a reply, by PendingOp.
+constexpr ReplyRow kReplies[] = {
+    {"RunOption", ReplyToRunOption},     {"ReadHelp", ReplyToReadHelp},
+    {"WriteHelpText", ReplyToWriteHelp}, {"ReadRecord", ReplyToRead},
+    {"OpenAllFiles", ReplyToOpenFiles},  {"WriteRecord", ReplyToWrite},
+    {"DeleteRecord", ReplyToDelete},     {"LockRecord", ReplyToLock},
+};
+
+// A frame that nobody asked for: the host programmer's trace of a slip.
+void ShowStrayFrame() {
+  constexpr int kCriticalAndInformation = 80;
+  desktop().MsgBox(Session().HostMessage + LF + std::to_string(Session().FrameBuffer.size()),
+                   kCriticalAndInformation, "REGULAR DATA");
+}
+
+// The last step, in all cases, clears PendingOp: that ends the wait of a request.
+void Reply(const std::string& token) {
+  const std::string pending = Session().PendingOp;
+  const auto row = std::find_if(std::begin(kReplies), std::end(kReplies),
+                                [&](const ReplyRow& r) { return r.pendingOp == pending; });
+  if (row != std::end(kReplies)) {
+    row->action(token);
+  } else {
+    ShowStrayFrame();
+  }
+  Session().PendingOp.clear();
+}
+
+}  // namespace
+
+void DispatchHostMessage() {
+  desktop().Yield();
+  const std::string token = MessageField(1);
+  for (const MessageRow& row : kMessages) {
+    if (row.token == token) return row.action();
+  }
+  Reply(token);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,10 @@
+#include "link/SessionState.h"
+
+namespace quorvel {
+
+SessionState& Session() {
+  static SessionState state;
+  return state;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,90 @@
+#include "link/StartUp.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "link/HandOvers.h"
+#include "link/Marks.h"
+#include "link/Requests.h"
+#include "link/SessionState.h"
+#include "link/TelnetControl.h"
+#include "link/frmConnect.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+namespace {
+
+std::string UpperCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  return text;
+}
+
+// The word in HostName that stands for the address of the key orlan.
+constexpr const char* kAutoHost = "ORLAN";
+
+void AskForHostAndUser() {
+  frmConnect& dialog = Form<frmConnect>();
+  Ask().CenterOnScreen(dialog);
+  Session().ConnectRequested = kFalse;
+  const auto keep = dialog.shared_from_this();
+  dialog.ShowModal();
+  if (dialog.IsLoaded()) dialog.Unload();  // the next use gets a new one
+}
+
+}  // namespace
+
+void Main() {
+  SessionState& s = Session();
+  s.MagicChar = std::string(1, static_cast<char>(s.Magic));
+  s.ConfirmExit = kTrue;
+  s.ScreenLoaded = kFalse;
+  Application& application = desktop().backend().application();
+  s.CaptureFile = application.Folder() + application.PathSeparator() + "TEMPRPT.TXT";
+  s.AppTitleBase = application.Title();
+  s.PassThroughPrint = kFalse;
+  Ask().ShowMainWindow();
+  s.ConfigArgument = application.CommandLine();
+  if (s.ConfigArgument.empty()) return;
+  Ask().LoadConfiguration();
+  if (s.ConfigPath.empty()) return;
+  s.ConfigArgument.clear();
+  StartSession();
+}
+
+void ConnectToHost() {
+  SessionState& s = Session();
+  if (!s.UserId.empty()) {
+    s.ConnectRequested = kTrue;
+    s.LoginUser = s.UserId;
+    s.LoginPassword = s.Pwd;
+  } else {
+    AskForHostAndUser();
+  }
+  if (s.ConnectRequested == kFalse) return;
+  const bool automatic = UpperCase(s.HostName) == kAutoHost && !s.AutoHostAddress.empty();
+  TelnetControl* telnet = Ask().Telnet();
+  if (telnet) telnet->Connect(automatic ? s.AutoHostAddress : s.HostName);
+}
+
+void StartSession() {
+  ConnectToHost();
+  if (Session().ConnectRequested == kFalse) return;
+  Ask().ShowTelnetWindow();
+  desktop().Yield();
+  Ask().ApplySettings();
+}
+
+void LogOff() {
+  TelnetControl* telnet = Ask().LoadedTelnet();
+  if (!telnet) return;
+  const bool expected = Session().ForceOff == 1 || Session().MenuLoaded == 1;
+  if (telnet->State() == TelnetControl::kConnected && expected) {
+    SendToHost(std::string("OFF") + CR);
+    desktop().Yield();
+  } else {
+    telnet->Close();
+  }
+}
+
+}  // namespace quorvel

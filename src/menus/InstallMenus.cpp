@@ -1,0 +1,43 @@
+#include "menus/InstallMenus.h"
+
+#include "link/HandOvers.h"
+#include "menus/frmAbout.h"
+#include "menus/frmSubMenu.h"
+#include "menus/mdiMain.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+
+void InstallMenus() {
+  HandOvers& ask = Ask();
+  ask.ShowMainWindow = [] {
+    mdiMain& main = desktop().FormObject<mdiMain>();
+    desktop().SetMain(&main);
+    main.Show();
+  };
+  ask.MainWindow = []() -> Window* { return LoadedForm<mdiMain>(); };
+  ask.ButtonPanel = []() -> Panel* {
+    mdiMain* main = LoadedForm<mdiMain>();
+    return main ? &main->pnlButtons : nullptr;
+  };
+  ask.ShowButtonPanel = [] {
+    if (mdiMain* main = LoadedForm<mdiMain>()) main->ShowButtonPanel();
+  };
+  ask.SetButtonCaption = [](int index, const std::string& caption) {
+    if (mdiMain* main = LoadedForm<mdiMain>()) main->cmdButton(index).Caption = caption;
+  };
+  ask.ButtonCaption = [](int index) {
+    mdiMain* main = LoadedForm<mdiMain>();
+    return main ? main->cmdButton(index).Caption() : std::string();
+  };
+  ask.ShowAbout = [] { Form<frmAbout>().ShowModal(); };
+  ask.StartMenu = StartMenu;
+  ask.HideMenu = [] {
+    if (frmSubMenu* menu = LoadedForm<frmSubMenu>()) menu->Hide();
+  };
+  ask.UnloadMenu = [] {
+    if (frmSubMenu* menu = LoadedForm<frmSubMenu>()) menu->Unload();
+  };
+}
+
+}  // namespace quorvel

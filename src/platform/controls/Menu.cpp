@@ -1,0 +1,33 @@
+#include "platform/controls/Menu.h"
+
+#include "platform/controls/Desktop.h"
+#include "platform/controls/Window.h"
+
+namespace quorvel {
+
+MenuItem::MenuItem(Window& window, std::string name, const std::string& caption)
+    : window_(window), name_(std::move(name)) {
+  Caption.Adopt(caption);
+  window.menuBar_.push_back(this);
+}
+
+MenuItem::MenuItem(MenuItem& parent, std::string name, const std::string& caption)
+    : window_(parent.window_), name_(std::move(name)) {
+  Caption.Adopt(caption);
+  parent.items_.push_back(this);
+}
+
+void MenuItem::UserClick() {
+  // A disabled window takes no keys or clicks, but its menu bar still works.
+  const bool blocked = desktop().IsBoxOpen() || desktop().focus().IsBlocked(window_);
+  if (blocked || !window_.IsLoaded() || !Enabled() || !Visible() || IsSeparator()) return;
+  window_.AsUserEvent([this] {
+    if (Click) std::function<void()>(Click)();
+  });
+}
+
+void MenuItem::PropertyChanged(Prop) {
+  if (window_.peer()) window_.peer()->UpdateMenu(*this);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,101 @@
+#include "platform/controls/TerminalControl.h"
+
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+namespace {
+
+// Bounds of what a configuration may ask of the screen; beyond them the nearest is taken.
+constexpr int kMostRows = 200;
+constexpr int kMostBufferRows = 32767;
+
+}  // namespace
+
+Terminal::Terminal(Container& parent, std::string name, int index)
+    : Control(parent, std::move(name), index) {
+  AccessibleText.Adopt("Terminal");
+  emulation_.onPrint = [this](std::string_view bytes) { toPrint_ += bytes; };
+  emulation_.onPrintEnd = [this] { endPrint_ = true; };
+  for (const Prop mode : {Prop::TermType, Prop::ScreenSize, Prop::BufferRows, Prop::KeyPad,
+                          Prop::CursorKeys, Prop::PassThrough}) {
+    Apply(mode);
+  }
+  Created();
+}
+
+void Terminal::Apply(Prop mode) {
+  switch (mode) {
+    case Prop::TermType:
+      emulation_.SetType(static_cast<vt::TerminalType>(std::clamp(TermType(), 0, 4)));
+      break;
+    case Prop::ScreenSize:
+      emulation_.SetSize(Columns() == 1 ? 132 : 80, std::clamp(Rows(), 1, kMostRows));
+      break;
+    case Prop::BufferRows:
+      emulation_.SetScrollbackRows(std::clamp(BufferRows(), 0, kMostBufferRows));
+      break;
+    case Prop::KeyPad:
+      emulation_.SetApplicationKeypad(KeyPad() == 1);
+      break;
+    case Prop::CursorKeys:
+      emulation_.SetApplicationCursorKeys(CursorKeys() == 1);
+      break;
+    case Prop::PassThrough:
+      emulation_.SetPassThrough(PassThrough());
+      break;
+    default:
+      break;
+  }
+}
+
+void Terminal::PropertyChanged(Prop prop) {
+  Apply(prop);
+  Control::PropertyChanged(prop);
+}
+
+void Terminal::Write(std::string_view bytes) {
+  emulation_.Feed(bytes);
+  if (emulation_.TakeBells() > 0) desktop().backend().Beep();
+  const std::string answers = emulation_.TakeAnswers();
+  if (!answers.empty() && Answer) Answer(answers);
+  TellPeer(Prop::Screen);
+  PrintCollected();
+}
+
+void Terminal::PrintCollected() {
+  Printer& printer = desktop().backend().printer();
+  if (!toPrint_.empty()) printer.PrintText(std::exchange(toPrint_, {}));
+  if (std::exchange(endPrint_, false)) printer.EndDocument();
+}
+
+std::vector<std::string> Terminal::ScreenLines() const {
+  std::vector<std::string> lines;
+  const int first = emulation_.ScrollbackCount();
+  for (int row = 0; row < emulation_.screen().Rows(); ++row) {
+    lines.push_back(emulation_.LineText(first + row));
+  }
+  return lines;
+}
+
+void Terminal::PrintScreen() {
+  desktop().backend().printer().PrintScreen(ScreenLines());
+}
+
+void Terminal::UserText(const std::string& bytes) {
+  if (!window().TakesInput() || !Reachable() || bytes.empty()) return;
+  window().AsUserEvent([this, bytes] {
+    if (KeyboardData) KeyboardData(emulation_.EncodeText(bytes));
+  });
+}
+
+void Terminal::UserKey(vt::Key key, vt::Modifiers modifiers) {
+  UserText(emulation_.Encode(key, modifiers));
+}
+
+void Terminal::UserSelect(Selection selection) {
+  selection_ = std::move(selection);
+  TellPeer(Prop::Selection);
+  window().AsUserEvent([this] { Raise(SelectionChange); });
+}
+
+}  // namespace quorvel

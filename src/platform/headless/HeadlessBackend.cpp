@@ -1,0 +1,172 @@
+#include "platform/headless/HeadlessBackend.h"
+
+#include <filesystem>
+
+#include "platform/RuntimeError.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+namespace {
+
+// The frame of a window on a plain desktop, in twips: borders at the sides; title, menu bar and
+// borders one above the other.
+constexpr int kFrameWidth = 120;
+constexpr int kFrameHeight = 690;
+
+// A dialog laid out in rows, in twips.
+constexpr int kRowHeight = 450;
+constexpr int kDialogWidth = 5400;
+
+// Nothing is drawn here; the state is in the objects.
+class HeadlessControlPeer : public ControlPeer {
+ public:
+  void Update(Prop) override {}
+  void ShowFocus() override {}
+};
+
+class HeadlessWindowPeer : public WindowPeer {
+ public:
+  explicit HeadlessWindowPeer(Window& window) {
+    if (window.kind() != Window::Kind::Child) window.AdoptFrame(kFrameWidth, kFrameHeight);
+    if (!window.layout().empty()) {
+      window.Width.Adopt(kDialogWidth);
+      window.Height.Adopt(kFrameHeight + kRowHeight * static_cast<int>(window.layout().size()));
+    }
+  }
+  std::unique_ptr<ControlPeer> MakePeer(Control&) override {
+    return std::make_unique<HeadlessControlPeer>();
+  }
+  void Update(Prop) override {}
+  void UpdateMenu(MenuItem&) override {}
+  void Show(bool) override {}
+  void Hide() override {}
+  void Raise() override {}
+  void ShowNoFocus() override {}
+};
+
+}  // namespace
+
+// --- the network
+
+class HeadlessTransport : public Transport {
+ public:
+  explicit HeadlessTransport(HeadlessBackend& backend) : backend_(backend) {}
+  ~HeadlessTransport() override { HeadlessTransport::Close(); }
+  HeadlessTransport(const HeadlessTransport&) = delete;
+  HeadlessTransport& operator=(const HeadlessTransport&) = delete;
+
+  void Open(const std::string& host, std::uint16_t port, TransportListener& listener) override {
+    Close();
+    line_ = std::make_shared<HeadlessLine>();
+    line_->host = host;
+    line_->port = port;
+    line_->listener_ = &listener;
+    backend_.lines.push_back(line_);
+  }
+  void Write(std::string_view bytes) override {
+    if (line_ && line_->open) line_->sent.emplace_back(bytes);
+  }
+  void Close() override {
+    if (!line_) return;
+    line_->open = false;
+    line_->listener_ = nullptr;
+    line_.reset();
+  }
+
+ private:
+  HeadlessBackend& backend_;
+  std::shared_ptr<HeadlessLine> line_;
+};
+
+void HeadlessLine::Accept() {
+  if (!listener_ || open) return;
+  open = true;
+  listener_->OnOpened();
+}
+
+void HeadlessLine::Refuse(const std::string& reason) {
+  if (listener_ && !open) listener_->OnFailed(reason);
+}
+
+void HeadlessLine::Deliver(std::string_view bytes) {
+  if (listener_ && open) listener_->OnBytes(bytes);
+}
+
+void HeadlessLine::HangUp() {
+  if (!listener_ || !open) return;
+  open = false;
+  listener_->OnClosed();
+}
+
+std::string HeadlessLine::TakeSent() {
+  std::string all;
+  for (const std::string& write : sent) all += write;
+  sent.clear();
+  return all;
+}
+
+// --- the desktop
+
+HeadlessBackend::HeadlessBackend() = default;
+HeadlessBackend::~HeadlessBackend() = default;
+
+std::unique_ptr<WindowPeer> HeadlessBackend::MakePeer(Window& window) {
+  return std::make_unique<HeadlessWindowPeer>(window);
+}
+
+void HeadlessBackend::ServeToolkit(Serve serve) {
+  if (serve != Serve::Waiting || (onIdle && onIdle())) return;
+  stalled = true;
+  desktop().EndProcess();
+}
+
+void HeadlessBackend::RunUntilIdle() {
+  while (!ended && (desktop().ServeOne() || (onIdle && onIdle()))) {
+  }
+}
+
+MessageBoxAnswer HeadlessBackend::ShowMessageBox(const MessageBoxRequest& request) {
+  messageBoxes.push_back(request);
+  if (onMessageBox) return onMessageBox(request);
+  const bool yesNo = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kYesNo;
+  return yesNo ? MessageBoxAnswer::Yes : MessageBoxAnswer::Ok;
+}
+
+void HeadlessBackend::PopUp(MenuItem& menu) {
+  if (onPopUp) onPopUp(menu);
+}
+
+std::unique_ptr<Transport> HeadlessBackend::MakeTransport() {
+  return std::make_unique<HeadlessTransport>(*this);
+}
+
+char HeadlessBackend::PathSeparator() const {
+  return static_cast<char>(std::filesystem::path::preferred_separator);
+}
+
+bool HeadlessBackend::ActivateCopy(const std::string& title) {
+  activatedCopies.push_back(title);
+  return otherCopyRuns;
+}
+
+std::optional<std::string> HeadlessBackend::ChooseFile(const FileDialog& dialog) {
+  fileDialogs.push_back(dialog);
+  return onFileDialog ? onFileDialog(dialog) : std::nullopt;
+}
+
+void HeadlessBackend::PrintText(const std::string& text) {
+  if (printerFails) throw RuntimeError(Failure::PrinterError);
+  printed.push_back(text);
+}
+
+void HeadlessBackend::PrintScreen(const std::vector<std::string>& screenLines) {
+  for (const std::string& line : screenLines) PrintText(line);
+  EndDocument();
+}
+
+void HeadlessBackend::Start(const std::string& command, ProgramWindow window) {
+  if (onStart) onStart(command, window);
+  started.emplace_back(command, window);
+}
+
+}  // namespace quorvel

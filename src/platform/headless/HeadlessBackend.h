@@ -1,0 +1,118 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/controls/Backend.h"
+
+namespace quorvel {
+
+// The network end that a test holds of a connection the client has opened.
+class HeadlessLine {
+ public:
+  std::string host;
+  std::uint16_t port = 0;
+  std::vector<std::string> sent;  // what the client wrote, one element a write
+  bool open = false;              // from the answer to the opening until either side closes
+
+  // What the far side does. Nothing happens on a line that the client has closed.
+  void Accept();
+  void Refuse(const std::string& reason);
+  void Deliver(std::string_view bytes);  // one read
+  void HangUp();
+
+  // All writes so far, joined; and forgotten.
+  std::string TakeSent();
+
+ private:
+  friend class HeadlessTransport;
+  TransportListener* listener_ = nullptr;  // nullptr once the client has closed
+};
+
+// A desktop without a screen, for tests and fuzzers. It records what happened and answers boxes
+// and dialogs as it is told to.
+class HeadlessBackend : public Backend,
+                        private Application,
+                        private CommonDialogs,
+                        private Clipboard,
+                        private Printer,
+                        private Programs {
+ public:
+  HeadlessBackend();
+  ~HeadlessBackend() override;
+
+  // --- what the test sets
+  std::string folder;  // the application folder
+  std::string commandLine;
+  bool otherCopyRuns = false;
+  ScreenMetrics screen{19200, 12000, 15};
+  bool printerFails = false;
+  // Answers a message box; by default the first button. It may serve events first.
+  std::function<MessageBoxAnswer(const MessageBoxRequest&)> onMessageBox;
+  std::function<std::optional<std::string>(const FileDialog&)> onFileDialog;  // default: cancel
+  std::function<void(MenuItem&)> onPopUp;
+  std::function<void(const std::string& commandLine, ProgramWindow)> onStart;
+  // Called while a wait has nothing to serve: lets the far side act. True when something came of
+  // it. When nothing does, nothing ever will: the process ends and `stalled` tells.
+  std::function<bool()> onIdle;
+
+  // --- what happened
+  std::vector<MessageBoxRequest> messageBoxes;
+  std::vector<FileDialog> fileDialogs;
+  std::vector<std::string> printed;  // one element a text
+  int documentsEnded = 0;
+  int beeps = 0;
+  std::vector<MousePointer> pointers;
+  std::vector<std::string> activatedCopies;
+  std::vector<std::pair<std::string, ProgramWindow>> started;
+  std::string clipboardText;
+  std::vector<std::shared_ptr<HeadlessLine>> lines;  // connections opened, oldest first
+  bool ended = false;
+  bool stalled = false;
+
+  // Serves events until there are none.
+  void RunUntilIdle();
+
+  // --- Backend
+  std::unique_ptr<WindowPeer> MakePeer(Window& window) override;
+  void Wake() override {}
+  void ServeToolkit(Serve serve) override;
+  void Quit() override { ended = true; }
+  MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) override;
+  void PopUp(MenuItem& menu) override;
+  void Beep() override { ++beeps; }
+  void SetMousePointer(MousePointer pointer) override { pointers.push_back(pointer); }
+  ScreenMetrics Screen() override { return screen; }
+  Application& application() override { return *this; }
+  CommonDialogs& dialogs() override { return *this; }
+  Clipboard& clipboard() override { return *this; }
+  Printer& printer() override { return *this; }
+  Programs& programs() override { return *this; }
+  std::unique_ptr<Transport> MakeTransport() override;
+
+ private:
+  std::string Folder() override { return folder; }
+  char PathSeparator() const override;
+  std::string CommandLine() const override { return commandLine; }
+  std::string Title() const override { return title_; }
+  void SetTitle(const std::string& title) override { title_ = title; }
+  bool OtherCopyRuns() override { return otherCopyRuns; }
+  bool ActivateCopy(const std::string& title) override;
+  std::optional<std::string> ChooseFile(const FileDialog& dialog) override;
+  std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
+  std::optional<quorvel::Font> ChooseFont(const quorvel::Font&) override { return {}; }
+  bool ChoosePrinter() override { return false; }
+  std::string Text() override { return clipboardText; }
+  void SetText(const std::string& text) override { clipboardText = text; }
+  void Clear() override { clipboardText.clear(); }
+  void PrintText(const std::string& text) override;
+  void EndDocument() override { ++documentsEnded; }
+  void PrintScreen(const std::vector<std::string>& screenLines) override;
+  void Start(const std::string& command, ProgramWindow window) override;
+
+  std::string title_ = "Quorvel GUI";
+};
+
+}  // namespace quorvel

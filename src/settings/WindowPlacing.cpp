@@ -1,0 +1,40 @@
+#include "settings/WindowPlacing.h"
+
+#include <cmath>
+
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+namespace {
+
+// Halves to even, as everywhere.
+int Rounded(double length) {
+  return static_cast<int>(std::nearbyint(length));
+}
+
+}  // namespace
+
+void CenterOnParent(Window& parent, Window& child) {
+  const ScreenMetrics screen = desktop().backend().Screen();
+  double left = parent.Left() + (parent.Width() - child.Width()) / 2.0;
+  // Not flush with the right edge, as the rule for the height might suggest: at the left one, and
+  // one twip off it when the widths are equal.
+  if (left + child.Width() > screen.width) left = screen.width == child.Width() ? -1 : 0;
+  const double divisor = child.Name() == "frmConnect" ? 1.2 : 2.0;
+  double top = parent.Top() + (parent.Height() - child.Height()) / divisor;
+  if (top + child.Height() > screen.height) top = screen.height - child.Height();
+  child.Left = Rounded(left);
+  child.Top = Rounded(top);
+}
+
+void CenterOnScreen(Window& window) {
+  const ScreenMetrics screen = desktop().backend().Screen();
+  int left = Rounded((screen.width - window.Width()) / 2.0);
+  int top = Rounded((screen.height - window.Height()) / 2.0);
+  if (left + window.Width() > screen.width || left < 0) left = 0;
+  if (top + window.Height() > screen.height || top < 0) top = 0;
+  window.Top = top;
+  window.Left = left;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace quorvel {
+
+class Window;
+
+// Places `child` over `parent`: in the middle, frmConnect lower. A child that would stick out on
+// the right goes to the screen's left edge; one that would stick out below is moved up.
+void CenterOnParent(Window& parent, Window& child);
+
+// Places `window` in the middle of the screen, its corner never off the screen.
+void CenterOnScreen(Window& window);
+
+}  // namespace quorvel
