@@ -1,0 +1,50 @@
+// Makes lines and frames of what the client types, one byte at a time.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quorvel::demohost {
+
+class LineReader {
+ public:
+  /// A typed line: far more than any prompt of the host asks for.
+  static constexpr std::size_t kLineLimit = 512;
+  /// A request, without its marks: a record of 4,000 characters with names is far below it.
+  static constexpr std::size_t kFrameLimit = 64 * 1024;
+
+  enum class Event { None, Line, Frame, FrameTooLong };
+
+  /// Takes one byte of data. After Line or Frame, Text() is what was read; after FrameTooLong its
+  /// beginning. What is to be shown to the user is added to `echo`.
+  Event Feed(char byte, std::string& echo);
+  const std::string& Text() const { return text_; }
+
+  /// True if `byte` would end a typed line (and not a frame, nor the pair of an earlier CR).
+  bool EndsLine(char byte) const;
+  /// Takes that CR without ending the line: what has been typed so far stays.
+  void SkipReturn() {
+    state_ = State::Typing;
+    afterReturn_ = true;
+  }
+
+  /// Without frames a frame mark is only the delete key; so at the login prompts.
+  void AllowFrames(bool allow) { framesAllowed_ = allow; }
+
+ private:
+  enum class State { Typing, Escape, Sequence, OneMore, Frame, FrameClosed, FrameTooLong };
+
+  Event FeedTyping(char byte, std::string& echo);
+  Event FeedFrame(char byte, std::string& echo);
+  Event Finish(Event event);
+  void BackToTyping();
+
+  State state_ = State::Typing;
+  bool framesAllowed_ = false;
+  bool afterReturn_ = false;
+  std::string line_;
+  std::string text_;
+};
+
+}  // namespace quorvel::demohost
