@@ -123,7 +123,8 @@ TEST_F(ProgramTest, RecordsOfAnyContentAreShownHarmlessly) {
   for (const auto* program : {"AR*CUSTLIST", "AR*BALANCES", "SO*ORDERS", "SO.LIST"}) {
     demo_.Forget().Type(program);
     EXPECT_FALSE(demo_.Shows("\x01")) << program;
-    EXPECT_EQ(demo_.Text().find("\x1B[2J", 5), std::string::npos) << program;
+    const auto first = demo_.Text().find("\x1B[2J");
+    EXPECT_EQ(demo_.Text().find("\x1B[2J", first + 1), std::string::npos) << program;
     demo_.Type(".");
   }
 }

@@ -1,0 +1,92 @@
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QSysInfo>
+#include <QTimer>
+#include <csignal>
+#include <cstdio>
+#include <iostream>
+
+#include "demohost/Arguments.h"
+#include "demohost/SocketServer.h"
+
+namespace {
+
+using namespace quorvel::demohost;
+
+volatile std::sig_atomic_t stopRequested = 0;
+
+void RequestStop(int) {
+  stopRequested = 1;
+}
+
+QString ApplicationFolder() {
+  const auto own = qEnvironmentVariable("QUORVEL_HOME");
+  if (!own.isEmpty()) return own;
+  if (QSysInfo::kernelType() == "winnt") return QCoreApplication::applicationDirPath();
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/quorvel";
+}
+
+// The name of the data file, its folder made if need be.
+std::string DataFile(const Arguments& arguments) {
+  const auto name = arguments.dataFile.empty() ? ApplicationFolder() + "/demohost.sqlite"
+                                               : QString::fromStdString(arguments.dataFile);
+  if (arguments.dataFile != ":memory:") QDir().mkpath(QFileInfo(name).absolutePath());
+  return name.toStdString();
+}
+
+DateTime Now() {
+  const auto now = QDateTime::currentDateTime();
+  return {now.date().year(), now.date().month(),  now.date().day(),
+          now.time().hour(), now.time().minute(), now.time().second()};
+}
+
+int Serve(QCoreApplication& program, const Arguments& arguments) {
+  const auto file = DataFile(arguments);
+  Application application(file, Now, arguments.reset);
+  // It holds passwords.
+  QFile::setPermissions(QString::fromStdString(file), QFile::ReadOwner | QFile::WriteOwner);
+
+  SocketServer server(application);
+  if (!server.Listen(arguments.port)) {
+    std::cerr << "quorvel-demohost: port " << arguments.port << ": " << server.Error() << '\n';
+    return 1;
+  }
+  std::cout << "listening on 127.0.0.1:" << server.Port() << std::endl;
+
+  // A signal handler can do no more than set a flag, so the flag is looked at now and then.
+  std::signal(SIGTERM, RequestStop);
+  std::signal(SIGINT, RequestStop);
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, &program, [&program] {
+    if (stopRequested != 0) program.quit();
+  });
+  watch.start(200);
+  return QCoreApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication program(argc, argv);
+  std::vector<std::string> words;
+  for (const auto& word : program.arguments().mid(1)) words.push_back(word.toStdString());
+  const auto arguments = ParseArguments(words);
+  if (!arguments.error.empty()) {
+    std::cerr << "quorvel-demohost: " << arguments.error << " (see --help)\n";
+    return 2;
+  }
+  if (arguments.help) {
+    std::cout << HelpText();
+    return 0;
+  }
+  try {
+    return Serve(program, arguments);
+  } catch (const StoreError& error) {
+    std::cerr << "quorvel-demohost: " << error.what() << '\n';
+    return 1;
+  }
+}
