@@ -54,7 +54,9 @@ std::int16_t RoundToInt16(double number) {
   return static_cast<std::int16_t>(whole);
 }
 
-std::int16_t ToInt16(std::string_view text) { return RoundToInt16(ToNumber(text)); }
+std::int16_t ToInt16(std::string_view text) {
+  return RoundToInt16(ToNumber(text));
+}
 
 double LeadingNumber(std::string_view text) {
   std::string packed;

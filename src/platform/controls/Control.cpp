@@ -6,6 +6,14 @@
 #include "platform/controls/Window.h"
 
 namespace quorvel {
+namespace {
+
+// By value: the handler may replace itself, or end the control.
+void Call(const Control::Event event) {  // NOLINT(performance-unnecessary-value-param)
+  if (event) event();
+}
+
+}  // namespace
 
 Control::Control(Container& parent, std::string name, int index)
     : parent_(parent), window_(parent.window()), name_(std::move(name)), index_(index) {
@@ -96,14 +104,14 @@ void Control::UserClick() {
   if (!window_.TakesInput() || !Reachable()) return;
   window_.AsUserEvent([this] {
     if (TakesFocus() && FocusOnClick) SetFocus();
-    if (Reachable() && Click) Event(Click)();
+    if (Reachable()) Call(Click);
   });
 }
 
 void Control::UserDblClick() {
   if (!window_.TakesInput() || !Reachable()) return;
   window_.AsUserEvent([this] {
-    if (DblClick) Event(DblClick)();
+    Call(DblClick);
   });
 }
 
@@ -123,11 +131,10 @@ void Control::TellPeer(Prop prop) {
 
 void Control::Raise(const Event& event) {
   if (!event) return;
-  // A copy: the handler may replace itself, or end the control.
   if (HasDesktop()) {
-    desktop().RunWithin(Event(event));
+    desktop().RunWithin([&event] { Call(event); });
   } else {
-    Event(event)();
+    Call(event);
   }
 }
 

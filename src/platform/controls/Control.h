@@ -136,6 +136,7 @@ class Control : public Container, public Observed {
   void TellPeer(Prop prop);
 
  private:
+  friend class Focus;
   friend class Label;
   std::string BareAccessibleName() const;
 

@@ -22,7 +22,8 @@ void MenuItem::UserClick() {
   const bool blocked = desktop().IsBoxOpen() || desktop().focus().IsBlocked(window_);
   if (blocked || !window_.IsLoaded() || !Enabled() || !Visible() || IsSeparator()) return;
   window_.AsUserEvent([this] {
-    if (Click) std::function<void()>(Click)();
+    const auto click = Click;  // a copy: the handler may end the window
+    if (click) click();
   });
 }
 

@@ -12,7 +12,7 @@ class Window;
 
 // An entry of a window's menu bar, or of a menu in it. An entry with the caption "-" or without
 // one is a separator line.
-class MenuItem : public Observed {
+class MenuItem final : public Observed {
  public:
   // An entry of the menu bar.
   MenuItem(Window& window, std::string name, const std::string& caption);
