@@ -1,0 +1,138 @@
+#pragma once
+
+#include <bitset>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/vt/CharacterSets.h"
+#include "platform/vt/Keys.h"
+#include "platform/vt/Parser.h"
+#include "platform/vt/PrinterPort.h"
+#include "platform/vt/Screen.h"
+#include "platform/vt/Scrollback.h"
+#include "platform/vt/TerminalType.h"
+#include "platform/vt/UserKeys.h"
+
+namespace quorvel::vt {
+
+// The modes of SM, RM, DECSET and DECRST and of the keypad, as after power-up.
+struct Modes {
+  bool keyboardLocked = false;         // KAM
+  bool insert = false;                 // IRM
+  bool localEcho = false;              // SRM reset
+  bool newLine = false;                // LNM
+  bool applicationCursorKeys = false;  // DECCKM
+  bool origin = false;                 // DECOM
+  bool autoWrap = true;                // DECAWM
+  bool autoRepeat = true;              // DECARM
+  bool printFormFeed = false;          // DECPFF
+  bool printWholeScreen = true;        // DECPEX
+  bool applicationKeypad = false;      // DECKPAM
+};
+
+// What DECSC saves.
+struct SavedCursor {
+  int row = 0;
+  int column = 0;
+  bool lastColumn = false;
+  bool origin = false;
+  Attributes pen;
+  CharacterSets sets;
+};
+
+// The whole state of the emulation and what the control functions have in common. It is the sink
+// of the parser; the functions themselves are in Functions*.cpp.
+class Machine {
+ public:
+  Machine(int columns, int rows);
+
+  // --- the parser's sink
+  void Print(const unsigned char* first, const unsigned char* last);
+  void Execute(unsigned char control);
+  void EscapeDispatch(const Sequence& sequence);
+  void CsiDispatch(const Sequence& sequence);
+  void Vt52Dispatch(char final, int row, int column);
+  void StringStart(const Sequence& sequence);
+  void StringPut(char byte);
+  void StringEnd();
+  void StringAbort();
+  bool WantsRawBytes() const { return printer.ControllerOn(); }
+
+  // --- set-up
+  void SetType(TerminalType type);
+  void Resize(int columns, int rows);  // keeps what is shown
+  void EnterLevel(Level level);
+  void SoftReset();  // DECSTR
+  void HardReset();  // RIS
+  void SetDefaultTabs();
+
+  // --- the cursor; columns and rows count from 0
+  // Right of it a character wraps or overwrites: the last column of the cursor's line.
+  int LastColumn() const { return screen.Width(screen.cursorRow) - 1; }
+  void MoveTo(int row, int column);  // clamped to the screen; ends a pending wrap
+  void Home();                       // of the screen or, in origin mode, of the margins
+  void Index();                      // one line down, scrolling at the bottom margin
+  void ReverseIndex();
+  void LineFeed();
+  void ScrollRegionUp(int count);
+  bool InMargins() const { return screen.cursorRow >= top && screen.cursorRow <= bottom; }
+  void PutGlyph(std::uint16_t glyph);
+
+  // --- answers to the host
+  // Answers beyond this wait for nobody: a host that asks and never reads gets no more.
+  static constexpr std::size_t kMaxAnswers = 65536;
+  void Answer(std::string_view bytes);
+  void AnswerCsi(std::string_view rest);  // with CSI in 7 or 8 bits in front
+
+  // --- the printer
+  void PrintLine(int row);
+  void PrintScreen();
+  // Text of cells as bytes of Windows-1252, as many as there are cells.
+  static std::string TextOf(std::span<const Cell> cells);
+
+  KeyModes KeyModesNow() const;
+
+  TerminalType type = TerminalType::VT220_7;
+  Level level = Level::Vt220;
+  bool eightBitControls = false;
+  bool vt52Graphics = false;
+  // What the user has chosen, to which a hard reset goes back.
+  struct SetUp {
+    int columns;
+    bool applicationKeypad = false;
+    bool applicationCursorKeys = false;
+  } setUp;
+
+  Screen screen;
+  Scrollback scrollback;
+  Modes modes;
+  Attributes pen;
+  CharacterSets sets;
+  SavedCursor saved;
+  int top = 0;  // margins, both inside
+  int bottom = 0;
+  std::bitset<kMaxColumns> tabs;
+  UserKeys userKeys;
+  PrinterPort printer;
+  Parser parser;
+  std::string answers;
+  int bells = 0;
+  std::int64_t scrolledOff = 0;  // since the owner asked last
+  std::int64_t dropped = 0;
+  bool resized = false;
+
+ private:
+  void Wrap();
+  // Writes one glyph a byte at the cursor, within the line; moves the cursor by hand of the caller.
+  void WriteRun(const unsigned char* first, int count);
+  const unsigned char* PrintPart(const unsigned char* first, const unsigned char* last);
+  const GlyphMap& Map() const;
+
+  bool definesKeys_ = false;  // a DECUDK string is being received
+  Sequence stringHead_;
+  std::string string_;
+};
+
+}  // namespace quorvel::vt

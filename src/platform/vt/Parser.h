@@ -1,0 +1,232 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "platform/vt/ParserTable.h"
+#include "platform/vt/Sequence.h"
+
+namespace quorvel::vt {
+
+// Cuts a byte stream into text, controls and sequences. It may be fed in pieces of any size.
+//
+// The sink gets: Print(first, last) a run of printable bytes; Execute(byte) a C0 or C1 control;
+// EscapeDispatch(sequence), CsiDispatch(sequence); StringStart(sequence), StringPut(byte),
+// StringEnd(), StringAbort() for a device control string; Vt52Dispatch(final, row, column).
+// When it answers WantsRawBytes() with true after one of these, the parser stops there.
+class Parser {
+ public:
+  // A string that nobody ends is given up after this many bytes, so that a lost terminator can't
+  // silence a session for good. No font or key definition of a VT220 is near it.
+  static constexpr std::size_t kMaxString = 65536;
+
+  // The state to rest in: Ground, Vt52Ground or PlainGround. A sequence under way is dropped.
+  void SetGround(State ground, C1Bytes c1) {
+    table_ = &kParserTables[static_cast<std::size_t>(c1)];
+    state_ = ground;
+    ground_ = ground;
+  }
+
+  // Returns how many bytes were used: all of them unless the sink wants the rest raw.
+  template <class Sink>
+  std::size_t Feed(std::string_view bytes, Sink& sink);
+
+ private:
+  using Byte = unsigned char;
+
+  const StateRow& RowOf(State state) const { return (*table_)[static_cast<std::size_t>(state)]; }
+  const Byte* EndOfText(const Byte* from, const Byte* end) const;
+  const Byte* TakeParameters(const Byte* from, const Byte* end);
+  void Clear();
+  void Collect(Byte byte);
+  void Swallow() {
+    if (++stringBytes_ > kMaxString) state_ = ground_;
+  }
+  template <class Sink>
+  void Act(Action action, Byte byte, Sink& sink);
+  template <class Sink>
+  void ActOnString(Action action, Byte byte, Sink& sink);
+
+  const ParserTable* table_ = &kParserTables[static_cast<std::size_t>(C1Bytes::Controls)];
+  State state_ = State::Ground;
+  State ground_ = State::Ground;
+  Sequence sequence_;
+  bool hasParameter_ = false;
+  std::size_t stringBytes_ = 0;
+  int vt52Row_ = -1;
+};
+
+// Runs of plain ASCII are found eight bytes at a time: no byte of the word may be below 0x20, be
+// 0x7F or have its upper bit set.
+inline const Parser::Byte* Parser::EndOfText(const Byte* from, const Byte* end) const {
+  constexpr std::uint64_t kOnes = 0x0101010101010101U;
+  constexpr std::uint64_t kTops = 0x8080808080808080U;
+  const StateRow& row = RowOf(state_);
+  while (from != end) {
+    while (end - from >= 8) {
+      std::uint64_t word;
+      std::memcpy(&word, from, sizeof word);
+      if (((word | (word - kOnes * 0x20) | (word + kOnes)) & kTops) != 0) break;
+      from += 8;
+    }
+    const Byte* const stop = end - from > 8 ? from + 8 : end;
+    while (from != stop && row[*from].action == Action::Print) ++from;
+    if (from != stop) return from;
+  }
+  return end;
+}
+
+inline void Parser::Clear() {
+  sequence_.count = 0;
+  sequence_.marker = 0;
+  sequence_.intermediates = 0;
+  hasParameter_ = false;
+  stringBytes_ = 0;
+  vt52Row_ = -1;
+}
+
+inline void Parser::Collect(Byte byte) {
+  const Byte code = byte & 0x7F;
+  if (code >= 0x3C) {
+    sequence_.marker = static_cast<char>(code);
+  } else if (sequence_.intermediates == 0) {
+    sequence_.intermediates = code;
+  } else if (sequence_.intermediates < 0x100) {
+    sequence_.intermediates = static_cast<std::uint16_t>(sequence_.intermediates | code << 8);
+  } else {
+    sequence_.intermediates = Sequence::kTooManyIntermediates;
+  }
+}
+
+// Digits and separators stay in the same state, so a run of them needs no table either.
+inline const Parser::Byte* Parser::TakeParameters(const Byte* from, const Byte* end) {
+  if (!hasParameter_) {
+    hasParameter_ = true;
+    sequence_.count = 1;
+    sequence_.parameters[0] = 0;
+  }
+  for (; from != end; ++from) {
+    const unsigned code = *from & 0x7FU;
+    const bool known = sequence_.count <= Sequence::kMaxParameters;
+    if (code - '0' <= 9) {
+      if (!known) continue;
+      int& value = sequence_.parameters[sequence_.count - 1];
+      value = std::min(value * 10 + static_cast<int>(code - '0'), Sequence::kMaxValue);
+    } else if (code == ';') {
+      if (known && ++sequence_.count <= Sequence::kMaxParameters) {
+        sequence_.parameters[sequence_.count - 1] = 0;
+      }
+    } else {
+      break;
+    }
+  }
+  return from;
+}
+
+template <class Sink>
+std::size_t Parser::Feed(std::string_view bytes, Sink& sink) {
+  const Byte* const begin = reinterpret_cast<const Byte*>(bytes.data());
+  const Byte* const end = begin + bytes.size();
+  const Byte* at = begin;
+  while (at != end) {
+    const Byte byte = *at;
+    const Transition cell = RowOf(state_)[byte];
+    if (cell.action == Action::Print) {
+      const Byte* const text = at;
+      at = EndOfText(at, end);
+      sink.Print(text, at);
+      continue;
+    }
+    state_ = cell.next;
+    if (cell.action == Action::Parameter) {
+      at = TakeParameters(at, end);
+      continue;
+    }
+    ++at;
+    if (cell.action == Action::Ignore) continue;
+    Act(cell.action, byte, sink);
+    if (sink.WantsRawBytes()) break;
+  }
+  return static_cast<std::size_t>(at - begin);
+}
+
+template <class Sink>
+void Parser::Act(Action action, Byte byte, Sink& sink) {
+  switch (action) {
+    case Action::Execute:
+      sink.Execute(byte);
+      break;
+    case Action::Clear:
+      Clear();
+      break;
+    case Action::Collect:
+      Collect(byte);
+      break;
+    case Action::EscapeDispatch:
+    case Action::CsiDispatch:
+      sequence_.final = static_cast<char>(byte & 0x7F);
+      sequence_.count = std::min(sequence_.count, Sequence::kMaxParameters);
+      if (action == Action::CsiDispatch) {
+        sink.CsiDispatch(sequence_);
+      } else {
+        sink.EscapeDispatch(sequence_);
+      }
+      break;
+    case Action::Vt52Dispatch:
+      sink.Vt52Dispatch(static_cast<char>(byte), 0, 0);
+      break;
+    case Action::Vt52Coordinate:
+      if (vt52Row_ < 0) {
+        vt52Row_ = byte - 0x20;
+      } else {
+        sink.Vt52Dispatch('Y', vt52Row_, byte - 0x20);
+      }
+      break;
+    default:
+      ActOnString(action, byte, sink);
+      break;
+  }
+}
+
+template <class Sink>
+void Parser::ActOnString(Action action, Byte byte, Sink& sink) {
+  switch (action) {
+    case Action::StringStart:
+      sequence_.final = static_cast<char>(byte & 0x7F);
+      sequence_.count = std::min(sequence_.count, Sequence::kMaxParameters);
+      sink.StringStart(sequence_);
+      break;
+    case Action::StringPut:
+      Swallow();
+      if (state_ == ground_) {
+        sink.StringAbort();
+      } else {
+        sink.StringPut(static_cast<char>(byte));
+      }
+      break;
+    case Action::StringEnd:
+      sink.StringEnd();
+      break;
+    case Action::StringEndClear:
+      sink.StringEnd();
+      Clear();
+      break;
+    case Action::StringAbortExecute:
+      sink.StringAbort();
+      sink.Execute(byte);
+      break;
+    case Action::StringAbortClear:
+      sink.StringAbort();
+      Clear();
+      break;
+    case Action::Swallow:
+      Swallow();
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace quorvel::vt
