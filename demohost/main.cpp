@@ -30,11 +30,16 @@ QString ApplicationFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/quorvel";
 }
 
-// The name of the data file, its folder made if need be.
+// The name of the data file. Its folder is made if need be, and the file itself, empty, so that it
+// belongs to its owner alone before the passwords are in it; SQLite's journal takes after it.
 std::string DataFile(const Arguments& arguments) {
+  if (arguments.dataFile == ":memory:") return arguments.dataFile;
   const auto name = arguments.dataFile.empty() ? ApplicationFolder() + "/demohost.sqlite"
                                                : QString::fromStdString(arguments.dataFile);
-  if (arguments.dataFile != ":memory:") QDir().mkpath(QFileInfo(name).absolutePath());
+  QDir().mkpath(QFileInfo(name).absolutePath());
+  QFile file(name);
+  if (file.open(QFile::WriteOnly | QFile::NewOnly))
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
   return name.toStdString();
 }
 
@@ -45,10 +50,7 @@ DateTime Now() {
 }
 
 int Serve(QCoreApplication& program, const Arguments& arguments) {
-  const auto file = DataFile(arguments);
-  Application application(file, Now, arguments.reset);
-  // It holds passwords.
-  QFile::setPermissions(QString::fromStdString(file), QFile::ReadOwner | QFile::WriteOwner);
+  Application application(DataFile(arguments), Now, arguments.reset);
 
   SocketServer server(application);
   if (!server.Listen(arguments.port)) {
