@@ -149,10 +149,12 @@ using Found = std::optional<std::pair<std::string, std::string>>;
 Found Find(Store& store, const InquiryForm& form, const std::string& entry) {
   if (auto record = store.Read(form.file, entry)) return std::pair{entry, *record};
   if (!form.byName) return std::nullopt;
-  for (auto& [key, record] : store.Records(form.file)) {
-    if (Upper(Attribute(record, 1)).find(entry) != std::string::npos) return std::pair{key, record};
-  }
-  return std::nullopt;
+  Found found;
+  store.ForEach(form.file, [&](const std::string& key, const std::string& record) {
+    if (Upper(Attribute(record, 1)).find(entry) != std::string::npos) found = {key, record};
+    return !found;
+  });
+  return found;
 }
 
 class Inquiry final : public Program {

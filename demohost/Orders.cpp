@@ -15,6 +15,7 @@ namespace quorvel::demohost {
 namespace {
 
 constexpr std::size_t kLineLimit = 50;  // lines that one order may have here
+constexpr int kNumbersTried = 1'000;    // a moment's work; further on, the counter wants mending
 
 void Heading(Console& console, const char* title) {
   console.Print(vt::kClear);
@@ -98,8 +99,11 @@ class OrderEntry final : public Program {
     auto& store = console.Host().Data();
     Transaction all(store);
     auto number = Number(store.Read("PARM", "NEXT.ORDER").value_or(""));
-    // The counter is a record like any other and may have been written over.
-    while (number < 1 || store.Read("ORDERS", std::to_string(number))) ++number;
+    // The counter is a record like any other, which anybody may have written over.
+    if (number < 1) number = 1;
+    const auto last = number + kNumbersTried;
+    while (number < last && store.Read("ORDERS", std::to_string(number))) ++number;
+    if (number == last) throw StoreError("no free order number from NEXT.ORDER in PARM on");
     const auto key = std::to_string(number);
     const auto today = std::to_string(DayNumber(console.Host().Now()));
     const auto record = Join({customer_, today, Join(items_, kVm), Join(quantities_, kVm),
@@ -237,13 +241,14 @@ std::string_view AttributeOf(const std::string& status) {
 Listing ListOrders(Console& console) {
   auto& store = console.Host().Data();
   std::vector<std::string> body;
-  for (const auto& [key, record] : store.Records("ORDERS")) {
+  store.ForEach("ORDERS", [&](const std::string& key, const std::string& record) {
     const auto status = Attribute(record, order::Status);
     const auto date = Show(Form::Date, Attribute(record, order::Date));
     const auto name = Stored(store, {Source::CustomerName, order::Customer}, key, record);
     body.push_back(Left(key, 7) + Left(date, 13) + Left(name, 28) +
                    vt::In(AttributeOf(status), Left(status, 11)) + Right(Total(store, record), 14));
-  }
+    return true;
+  });
   return {"Orders: bold open, underlined cancelled",
           Left("Order", 7) + Left("Date", 13) + Left("Customer", 28) + Left("Status", 11) +
               Right("Total", 14),

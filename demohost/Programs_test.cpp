@@ -47,8 +47,10 @@ TEST_F(ProgramTest, ListingsGoByPagesAndAddUp) {
 
   // The sum of the balances in the data, worked out apart from the report.
   long long sum = 0;
-  for (const auto& [key, record] : host_.Data().Records("CUSTOMERS"))
+  host_.Data().ForEach("CUSTOMERS", [&](const auto&, const std::string& record) {
     sum += std::stoll(Attribute(record, customer::Balance));
+    return true;
+  });
   demo_.Type("MENU").Type("AR*BALANCES").Type("");
   EXPECT_TRUE(demo_.Shows(Show(Form::Money, std::to_string(sum)))) << sum;
   demo_.Type("").Forget().Type("AR*OVERLIMIT");
@@ -127,6 +129,15 @@ TEST_F(ProgramTest, RecordsOfAnyContentAreShownHarmlessly) {
     EXPECT_EQ(demo_.Text().find("\x1B[2J", first + 1), std::string::npos) << program;
     demo_.Type(".");
   }
+}
+
+TEST_F(ProgramTest, OrderNumbersSurviveASpoiltCounter) {
+  for (const auto* counter : {"", "-999999999999", "5001", "rubbish"}) {
+    demo_.Request({"WRITE", "PARM", "NEXT.ORDER", counter, "t"});
+    demo_.Forget().Type("SO.ENTER").Type("C1001").Type("I101").Type("1").Type("");
+    EXPECT_TRUE(demo_.Shows("has been stored") && demo_.AtMenu("MAIN.MENU")) << counter;
+  }
+  EXPECT_EQ(host_.Data().Count("ORDERS"), 84) << "an order has been written over";
 }
 
 TEST_F(ProgramTest, UsersAndLocksAreListed) {

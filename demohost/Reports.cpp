@@ -30,6 +30,8 @@ struct Report {
 
 namespace {
 
+constexpr std::size_t kWidest = 79;  // of a stored value no more than a line of it is kept
+
 constexpr Value kKey{Source::Key};
 constexpr Value Text(int attribute) {
   return {Source::Stored, attribute, Form::Text};
@@ -167,13 +169,13 @@ const Report* ListOf(std::string_view file) {
 Listing Run(const Report& report, Console& console) {
   auto& store = console.Host().Data();
   std::vector<std::vector<std::string>> rows;  // stored forms
-  for (const auto& [key, record] : store.Records(report.file)) {
-    if (!Chosen(report.only, record)) continue;
-    std::vector<std::string> row;
+  store.ForEach(report.file, [&](const std::string& key, const std::string& record) {
+    if (!Chosen(report.only, record)) return true;
+    auto& row = rows.emplace_back();
     for (const auto& column : report.columns)
-      row.push_back(Stored(store, column.value, key, record));
-    rows.push_back(std::move(row));
-  }
+      row.push_back(Stored(store, column.value, key, record).substr(0, kWidest));
+    return true;
+  });
   if (report.sortBy > 0) {
     const auto by = static_cast<std::size_t>(report.sortBy - 1);
     std::stable_sort(rows.begin(), rows.end(),
@@ -203,8 +205,10 @@ Listing Run(const Report& report, Console& console) {
 Listing ListFile(std::string_view file, Console& console) {
   if (const auto* report = ListOf(file)) return Run(*report, console);
   std::vector<std::string> body;
-  for (const auto& [key, record] : console.Host().Data().Records(file))
+  console.Host().Data().ForEach(file, [&](const std::string& key, const std::string& record) {
     body.push_back(Left(key, 24) + " " + Left(Attribute(record, 1), 54));
+    return true;
+  });
   body.push_back(std::to_string(body.size()) + " records listed.");
   return {"File " + Clean(file), Left("Key", 24) + " " + Left("Attribute 1", 54), std::move(body)};
 }

@@ -147,14 +147,13 @@ bool Store::Delete(std::string_view file, std::string_view key) {
   return sqlite3_changes(db_.get()) > 0;
 }
 
-std::vector<std::pair<std::string, std::string>> Store::Records(std::string_view file) {
+void Store::ForEach(std::string_view file, const Visit& visit) {
   NeedFile(file);
-  std::vector<std::pair<std::string, std::string>> records;
   Statement rows(db_.get(), std::string("SELECT key, body FROM record WHERE file = ?") + kOrder +
                                 " LIMIT " + std::to_string(kListingLimit));
   rows.Bind(1, file);
-  while (rows.Step()) records.emplace_back(rows.Text(0), rows.Text(1));
-  return records;
+  while (rows.Step() && visit(rows.Text(0), rows.Text(1))) {
+  }
 }
 
 int Store::Count(std::string_view file) {

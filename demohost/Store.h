@@ -1,12 +1,12 @@
 // The host's files, records and accounts, kept in one SQLite file.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 struct sqlite3;
@@ -45,8 +45,10 @@ class Store {
   void Write(std::string_view file, std::string_view key, std::string_view record);
   /// True if the record was there.
   bool Delete(std::string_view file, std::string_view key);
-  /// Keys with records in the order of the keys, no more than kListingLimit.
-  std::vector<std::pair<std::string, std::string>> Records(std::string_view file);
+  /// Visits the records in the order of the keys, until `visit` gives false; no more than
+  /// kListingLimit of them. One is held at a time: a file can be larger than memory should hold.
+  using Visit = std::function<bool(const std::string& key, const std::string& record)>;
+  void ForEach(std::string_view file, const Visit& visit);
   int Count(std::string_view file);
 
   /// Accounts are no file: no request can read them.
