@@ -60,9 +60,7 @@ DirtyRows Emulator::TakeDirty() {
 }
 
 void Emulator::SetType(TerminalType type) {
-  const bool autoWrap = machine_->modes.autoWrap;
   machine_->SetType(type);
-  machine_->modes.autoWrap = autoWrap;
 }
 
 TerminalType Emulator::Type() const {

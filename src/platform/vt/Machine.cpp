@@ -36,7 +36,11 @@ void Machine::SetType(TerminalType newType) {
   eightBitControls = type == TerminalType::VT220_8;
   vt52Graphics = false;
   StringAbort();
+  const bool autoWrap = modes.autoWrap;
   SoftReset();
+  modes.autoWrap = autoWrap;
+  modes.applicationKeypad = setUp.applicationKeypad;
+  modes.applicationCursorKeys = setUp.applicationCursorKeys;
   EnterLevel(LevelOf(type));
 }
 
@@ -65,18 +69,12 @@ void Machine::Resize(int columns, int rows) {
     --excess;
   }
   const int dropTop = std::clamp(excess, 0, screen.Rows() - 1);
-  top = 0;
-  bottom = dropTop - 1;
-  for (int row = 0; row < dropTop; ++row) {
-    if (scrollback.Push(screen.Row(row), screen.LineAttributeAt(row), screen.Wrapped(row))) {
-      ++dropped;
-    }
-    ++scrolledOff;
-  }
+  SaveTopRows(dropTop);
   for (int column = screen.Columns(); column < columns; ++column) {
     tabs[static_cast<std::size_t>(column)] = column % 8 == 0;
   }
   screen.Resize(columns, rows, dropTop);
+  top = 0;
   bottom = screen.Rows() - 1;
   resized = true;
 }
@@ -157,15 +155,19 @@ void Machine::LineFeed() {
   Index();
 }
 
+// The first rows are about to leave the screen.
+void Machine::SaveTopRows(int count) {
+  if (scrollback.Limit() == 0) return;
+  for (int row = 0; row < count; ++row) {
+    const auto used = screen.Row(row).first(static_cast<std::size_t>(screen.UsedColumns(row)));
+    if (scrollback.Push(used, screen.LineAttributeAt(row), screen.Wrapped(row))) ++dropped;
+  }
+  scrolledOff += count;
+}
+
 void Machine::ScrollRegionUp(int count) {
   count = std::min(count, bottom - top + 1);
-  if (top == 0 && scrollback.Limit() > 0) {
-    for (int row = 0; row < count; ++row) {
-      const auto used = screen.Row(row).first(static_cast<std::size_t>(screen.UsedColumns(row)));
-      if (scrollback.Push(used, screen.LineAttributeAt(row), screen.Wrapped(row))) ++dropped;
-    }
-    scrolledOff += count;
-  }
+  if (top == 0) SaveTopRows(count);
   screen.ScrollUp(top, bottom, count);
 }
 

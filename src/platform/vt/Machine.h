@@ -124,6 +124,7 @@ class Machine {
   bool resized = false;
 
  private:
+  void SaveTopRows(int count);
   void Wrap();
   // Writes one glyph a byte at the cursor, within the line; moves the cursor by hand of the caller.
   void WriteRun(const unsigned char* first, int count);
