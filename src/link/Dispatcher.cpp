@@ -71,12 +71,12 @@ void TakeGenOut() {
 
 void TakeMaintMode() {
   Ask().ApplyScreenMode("MAINT");
-  SendToHost(std::string(CR));
+  SendToHost(std::string(1, CR));
 }
 
 void TakeEntryMode() {
   Ask().ApplyScreenMode("ENTRY");
-  SendToHost(std::string(CR));
+  SendToHost(std::string(1, CR));
 }
 
 ProgramWindow WindowStyleOf(const std::string& text) {
@@ -122,7 +122,7 @@ void TakeListBox() {
 void TakeMsgBox() {
   const std::string title = MessageField(2);
   desktop().MsgBox(MessageField(3), MessageBoxStyle::kOkOnly, title);
-  SendToHost(std::string(CR));
+  SendToHost(std::string(1, CR));
 }
 
 void TakeGetPassword() {
@@ -189,7 +189,7 @@ void ReplyToReadHelp(const std::string&) {
 }
 
 void ReplyToWriteHelp(const std::string& token) {
-  if (token != "OK") desktop().MsgBox("Error updating Help Text " + std::string(LF) + token);
+  if (token != "OK") desktop().MsgBox("Error updating Help Text " + std::string(1, LF) + token);
 }
 
 void ReplyToRead(const std::string& token) {

@@ -5,6 +5,14 @@
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
+namespace {
+
+// Characters that may wait for the receiver before the network is asked to hold back, and how few
+// there must be before it may go on. A host that prints while a box is open meets these.
+constexpr std::size_t kHoldBackAbove = 4 * 1024 * 1024;
+constexpr std::size_t kGoOnBelow = 1024 * 1024;
+
+}  // namespace
 
 TelnetControl::TelnetControl(Window& owner)
     : owner_(owner), telnet_(desktop().backend().MakeTransport()) {
@@ -16,6 +24,7 @@ TelnetControl::TelnetControl(Window& owner)
   };
   telnet_.onData = [this](std::string_view data) {
     blocks_.Push(data);
+    if (blocks_.Size() > kHoldBackAbove) telnet_.SetReading(false);
     PostNextBlock();
   };
   telnet_.onClosed = [this] {
@@ -34,6 +43,7 @@ TelnetControl::TelnetControl(Window& owner)
 }
 
 void TelnetControl::Connect(const std::string& host) {
+  if (telnet_.State() != Telnet::Connection::Closed) return;
   blocks_.Clear();
   ended_ = false;
   telnet_.Connect(host);
@@ -63,6 +73,7 @@ void TelnetControl::DeliverBlock() {
   std::string block;
   if (!blocks_.IsEmpty()) {
     block = blocks_.Take(Session().FrameStart != 0, FrameMark());
+    if (blocks_.Size() < kGoOnBelow) telnet_.SetReading(true);
   } else if (ended_) {
     ended_ = false;
   } else {

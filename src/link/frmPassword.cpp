@@ -42,7 +42,7 @@ void frmPassword::cmdExit_Click() {
 }
 
 void frmPassword::Form_Unload(bool&) {
-  if (result_ != "OK") SendToHost(std::string(CR));
+  if (result_ != "OK") SendToHost(std::string(1, CR));
 }
 
 }  // namespace quorvel

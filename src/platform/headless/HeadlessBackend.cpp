@@ -66,6 +66,9 @@ class HeadlessTransport : public Transport {
   void Write(std::string_view bytes) override {
     if (line_ && line_->open) line_->sent.emplace_back(bytes);
   }
+  void SetReading(bool reading) override {
+    if (line_) line_->reading = reading;
+  }
   void Close() override {
     if (!line_) return;
     line_->open = false;

@@ -17,6 +17,8 @@ class HeadlessLine {
   std::vector<std::string> sent;  // what the client wrote, one element a write
   bool open = false;              // from the answer to the opening until either side closes
 
+  bool reading = true;            // false while the client asks the network to hold back
+
   // What the far side does. Nothing happens on a line that the client has closed.
   void Accept();
   void Refuse(const std::string& reason);
