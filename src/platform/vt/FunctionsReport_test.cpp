@@ -64,7 +64,7 @@ TEST(Printing, MediaCopy) {
       {"cursor line", "1\r\n2\x1B[?1i", "2\r\n", "1/2"},
       {"auto print", "0\x1B[?5i\r\nab\r\n0123456789x\x1B[?4i\n", "0\r\nab\r\n0123456789\r\n<end>",
        "0123456789/x"},
-      {"controller", std::string("a\x1B[5i\x1B[1mb\0\x11\x13\x1B[5ic\x1B\x1B[4id", 23),
+      {"controller", std::string("a\x1B[5i\x1B[1mb\0\x11\x13\x1B[5ic\x1B\x1B[4id", 24),
        "\x1B[1mbc\x1B<end>", "ad"},
       {"controller in 8 bits",
        "\x9B"
