@@ -172,6 +172,14 @@ TEST(Store, KeepsItsRecordsAndNobodyElsesFiles) {
   EXPECT_EQ(Application(file, TestNow).Data().Read("PARM", "KEPT"), "yes");
   EXPECT_EQ(Application(file, TestNow, true).Data().Read("PARM", "KEPT"), std::nullopt);
 
+  // Another program's database: the application id, 4 bytes at 68 of SQLite's header, is its own.
+  std::FILE* foreign = std::fopen(file.c_str(), "r+b");
+  ASSERT_NE(foreign, nullptr);
+  std::fseek(foreign, 68, SEEK_SET);
+  std::fwrite("\0\0\0\0", 1, 4, foreign);
+  std::fclose(foreign);
+  EXPECT_THROW(Application(file, TestNow, true), StoreError);
+
   const auto other = (folder / "other").string();
   std::FILE* text = std::fopen(other.c_str(), "w");
   ASSERT_NE(text, nullptr);
