@@ -144,6 +144,10 @@ const InquiryForm kForms[] = {
      {}},
 };
 
+std::string Cell(const Detail& detail, std::string_view text) {
+  return detail.form == Form::Text ? Left(text, detail.width) : Right(text, detail.width);
+}
+
 using Found = std::optional<std::pair<std::string, std::string>>;
 
 Found Find(Store& store, const InquiryForm& form, const std::string& entry) {
@@ -167,7 +171,8 @@ class Inquiry final : public Program {
     for (const auto& place : form_.places)
       console.Print(vt::At(place.row, place.column) + place.label);
     for (const auto& detail : form_.details)
-      console.Print(vt::At(kRule + 1, detail.column) + vt::In(vt::kUnderline, detail.heading));
+      console.Print(vt::At(kRule + 1, detail.column) +
+                    vt::In(vt::kUnderline, Cell(detail, detail.heading)));
     Ask(console, "An empty line or a point goes back to the menu.");
   }
 
@@ -194,9 +199,7 @@ class Inquiry final : public Program {
       for (int row = 0; row < kDetailRows; ++row) {
         const auto index = static_cast<std::size_t>(row);
         const auto text = index < values.size() ? Show(detail.form, values[index]) : std::string();
-        console.Print(vt::At(kRule + 2 + row, detail.column) + (detail.form == Form::Text
-                                                                    ? Left(text, detail.width)
-                                                                    : Right(text, detail.width)));
+        console.Print(vt::At(kRule + 2 + row, detail.column) + Cell(detail, text));
       }
     }
   }
