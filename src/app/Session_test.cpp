@@ -64,6 +64,7 @@ TEST_F(SessionStory, FromLoginToLogOffAndASecondSession) {
   EXPECT_EQ(Session().ActiveContext, "TELNET");
   Do([&] { user.Type("WHO\r"); });
   EXPECT_TRUE(ScreenShows("demo"));
+  Do([&] { user.Type("\r"); });  // the listing waits for Enter
   Do([&] { user.Type("MENU\r"); });
   EXPECT_TRUE(InFront(&menu));
 
