@@ -36,11 +36,16 @@ struct Row {
 // The first row that fits counts. WILL for anything above echo is refused, suppress-go-ahead too:
 // hosts then keep to the half-duplex manners that the login scanner relies on.
 constexpr Row kRows[] = {
-    {kDo, kTerminalType, kWill, {}},       {kDo, kWindowSize, kWill, {}},
-    {kDo, kAny, kWont, {}},                {kDont, kAny, kWont, {}},
-    {kWill, kBinary, kDo, {}},             {kWill, kEcho, kDo, {}},
-    {kWill, kAny, kDont, {}},              {kWont, kAny, kDont, {}},
-    {kSub, kTerminalType, kSub, kTypeText}, {kSub, kWindowSize, kSub, kSizeText},
+    {kDo, kTerminalType, kWill, {}},
+    {kDo, kWindowSize, kWill, {}},
+    {kDo, kAny, kWont, {}},
+    {kDont, kAny, kWont, {}},
+    {kWill, kBinary, kDo, {}},
+    {kWill, kEcho, kDo, {}},
+    {kWill, kAny, kDont, {}},
+    {kWont, kAny, kDont, {}},
+    {kSub, kTerminalType, kSub, kTypeText},
+    {kSub, kWindowSize, kSub, kSizeText},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "link/Records.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "link/Marks.h"
@@ -33,9 +34,11 @@ std::string_view FieldView(std::string_view text, std::string_view delimiter, st
   return LastField(text.substr(from), delimiter);
 }
 
-// Most replacements of one SwapAll. Some pairs ("ab" by "bbaa") never end, others take the square
-// of the text; no record needs as many.
-constexpr int kMostReplacements = 1 << 22;
+// Some pairs ("ab" by "bbaa") never end and grow, others ("ab" by "ba") take the square of the
+// text. A pair that shrinks the text needs one replacement a character at most; beyond that, no
+// record needs as many as this, nor grows to that size.
+constexpr std::size_t kMostReplacements = std::size_t{1} << 22;
+constexpr std::size_t kLargestResult = std::size_t{1} << 28;
 
 }  // namespace
 
@@ -71,23 +74,31 @@ std::int16_t LocateIn(std::string_view value, std::string_view text, Delimiter d
 const std::string& SwapAll(std::string_view from, std::string_view to, std::string& text) {
   if (from.empty()) return text;
   if (to.find(from) != npos) throw RuntimeError(Failure::InvalidCall);
+  const std::size_t first = text.find(from);
+  if (first == npos) return text;
   // The leftmost occurrence is the one that ends first: `out` never holds one, and what replaces
   // an occurrence is read once more, together with what follows.
-  std::string out;
-  out.reserve(text.size());
+  std::string out(text, 0, first);
   std::string again;  // to be read before the rest of the text, backward
-  int replacements = 0;
-  for (std::size_t next = 0; next < text.size() || !again.empty();) {
+  std::size_t replacements = 0;
+  for (std::size_t next = first; next < text.size() || !again.empty();) {
     if (again.empty()) {
-      out += text[next++];
+      // Nothing can end before the next last character of `from`.
+      const std::size_t end = text.find(from.back(), next);
+      const std::size_t count = std::min(end, text.size() - 1) + 1 - next;
+      out.append(text, next, count);
+      next += count;
     } else {
       out += again.back();
       again.pop_back();
     }
-    if (out.back() != from.back() || !std::string_view(out).ends_with(from)) continue;
-    if (++replacements > kMostReplacements) throw RuntimeError(Failure::OutOfMemory);
+    if (!std::string_view(out).ends_with(from)) continue;
     out.resize(out.size() - from.size());
     again.append(to.rbegin(), to.rend());
+    if (++replacements > text.size() + kMostReplacements ||
+        out.size() + again.size() > std::max(text.size(), kLargestResult)) {
+      throw RuntimeError(Failure::OutOfMemory);
+    }
   }
   text = std::move(out);
   return text;

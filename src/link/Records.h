@@ -13,11 +13,11 @@ namespace quorvel {
 // One delimiter: a mark, or a text such as CR LF.
 class Delimiter {
  public:
-  Delimiter(const char& mark) : text_(&mark, 1) {}         // NOLINT: a mark is a delimiter
-  Delimiter(std::string_view text) : text_(text) {}        // NOLINT
-  Delimiter(const std::string& text) : text_(text) {}      // NOLINT
-  Delimiter(const char* text) : text_(text) {}             // NOLINT
-  operator std::string_view() const { return text_; }      // NOLINT
+  Delimiter(const char& mark) : text_(&mark, 1) {}     // NOLINT: a mark is a delimiter
+  Delimiter(std::string_view text) : text_(text) {}    // NOLINT
+  Delimiter(const std::string& text) : text_(text) {}  // NOLINT
+  Delimiter(const char* text) : text_(text) {}         // NOLINT
+  operator std::string_view() const { return text_; }  // NOLINT
 
  private:
   std::string_view text_;
@@ -38,7 +38,9 @@ std::int16_t DCountOf(std::string_view text, Delimiter delimiter);
 std::int16_t LocateIn(std::string_view value, std::string_view text, Delimiter delimiter);
 
 // Replaces every occurrence of `from`, also those that a replacement has formed with what stands
-// around it, and returns the text. RuntimeError 5 when `to` holds `from`: that would never end.
+// around it, and returns the text. RuntimeError 5 when `to` holds `from`: that would never end;
+// RuntimeError 7 when it takes millions of replacements more than the text has characters, or more
+// than 256 MiB. The text is unchanged then.
 const std::string& SwapAll(std::string_view from, std::string_view to, std::string& text);
 
 // The attribute, value or subvalue of a record; 0 at a level takes it whole.
