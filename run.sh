@@ -23,10 +23,7 @@ if [ -z "$tour" ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 install_packages
-mkdir -p build
-cmake --preset release >build/configure.log 2>&1 || { cat build/configure.log >&2; exit 1; }
-cmake --build --preset release --target quorvel quorvel-tour quorvel-demohost
-rm -f build/configure.log
+build release quorvel quorvel-tour quorvel-demohost
 
 # Its own place for the tour, so that it never touches the user's files.
 work="$(mktemp -d)"
