@@ -33,8 +33,8 @@ struct Row {
   std::string_view text;
 };
 
-// The first row that fits counts. WILL for anything above echo is refused, suppress-go-ahead too:
-// hosts then keep to the half-duplex manners that the login scanner relies on.
+// The first row that fits counts. WILL for anything above echo is refused on purpose, suppress-go-
+// ahead (RFC 858) too.
 constexpr Row kRows[] = {
     {kDo, kTerminalType, kWill, {}},
     {kDo, kWindowSize, kWill, {}},

@@ -1,6 +1,8 @@
 #include "platform/telnet/Telnet.h"
 
+#include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace quorvel {
 namespace {
@@ -43,8 +45,10 @@ HostAddress ParseHostAddress(const std::string& text) {
     const auto end = text.find(']');
     if (end == std::string::npos) return {text, std::nullopt};
     const std::string host = text.substr(1, end - 1);
-    if (end + 1 < text.size() && text[end + 1] == ':') return {host, text.substr(end + 2)};
-    return {host, std::nullopt};
+    const std::string behind = text.substr(end + 1);
+    if (behind.empty()) return {host, std::nullopt};
+    if (behind.front() == ':') return {host, behind.substr(1)};
+    return {text, std::nullopt};
   }
   const auto colon = text.find(':');
   // More than one colon is a bare IPv6 address.
@@ -56,7 +60,9 @@ HostAddress ParseHostAddress(const std::string& text) {
 
 Telnet::Telnet(std::unique_ptr<Transport> transport) : transport_(std::move(transport)) {}
 
-Telnet::~Telnet() { transport_->Close(); }
+Telnet::~Telnet() {
+  transport_->Close();
+}
 
 void Telnet::Connect(const std::string& address) {
   if (state_ != Connection::Closed) return;
@@ -107,6 +113,7 @@ void Telnet::OnOpened() {
 }
 
 void Telnet::OnClosed() {
+  if (state_ == Connection::Connecting) return OnFailed("The connection was closed");
   if (state_ != Connection::Connected) return;
   ++session_;
   state_ = Connection::Closed;
@@ -114,6 +121,7 @@ void Telnet::OnClosed() {
 }
 
 void Telnet::OnFailed(const std::string& reason) {
+  if (state_ == Connection::Connected) return OnClosed();
   if (state_ != Connection::Connecting) return;
   ++session_;
   state_ = Connection::Closed;
@@ -121,18 +129,37 @@ void Telnet::OnFailed(const std::string& reason) {
 }
 
 void Telnet::OnBytes(std::string_view bytes) {
+  if (state_ != Connection::Connected) return;
   const unsigned session = session_;
-  for (const char byte : bytes) {
-    Take(static_cast<unsigned char>(byte));
+  while (!bytes.empty()) {
+    if (const std::size_t plain = PlainRun(bytes); plain > 0) {
+      text_.append(bytes, 0, plain);
+      bytes.remove_prefix(plain);
+      continue;
+    }
+    Take(static_cast<unsigned char>(bytes.front()));
+    bytes.remove_prefix(1);
     if (session_ != session) return;  // a handler has ended the connection
   }
   FlushText();
 }
 
+// How many bytes at the front of `bytes` are text as they stand. Nearly all that a host sends is,
+// and goes past the state machine.
+std::size_t Telnet::PlainRun(std::string_view bytes) const {
+  if (place_ != Place::Text || afterCr_) return 0;
+  const auto end = std::find_if(bytes.begin(), bytes.end(), [](char c) {
+    return c == '\r' || static_cast<unsigned char>(c) == kIac;
+  });
+  return static_cast<std::size_t>(end - bytes.begin());
+}
+
 void Telnet::Take(unsigned char byte) {
   switch (place_) {
-    case Place::Text: return TakeText(byte);
-    case Place::Iac: return TakeCommand(byte);
+    case Place::Text:
+      return TakeText(byte);
+    case Place::Iac:
+      return TakeCommand(byte);
     case Place::Option:
       place_ = Place::Text;
       return Report(command_, byte);

@@ -23,7 +23,9 @@ HostAddress ParseHostAddress(const std::string& text);
 // Outgoing text goes as it stands, IAC doubled; a bare CR stays bare. Of incoming text IAC IAC is
 // one character 255, and a NUL right behind a CR is dropped (hosts end lines CR NUL LF), also
 // across reads. Sub-negotiations of any length are taken, cut anywhere; of their content only the
-// option is kept.
+// option is kept. Text is held back no longer than the read that it came with.
+//
+// A handler may call Close or Connect; it must not destroy the object.
 class Telnet final : private TransportListener {
  public:
   enum class Connection { Closed = 0, Connected = 4, Connecting = 6 };
@@ -66,6 +68,7 @@ class Telnet final : private TransportListener {
   void OnClosed() override;
   void OnFailed(const std::string& reason) override;
 
+  std::size_t PlainRun(std::string_view bytes) const;
   void Take(unsigned char byte);
   void TakeText(unsigned char byte);
   void TakeCommand(unsigned char byte);

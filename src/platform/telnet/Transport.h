@@ -12,7 +12,7 @@ class TransportListener {
  public:
   virtual void OnOpened() = 0;
   virtual void OnBytes(std::string_view bytes) = 0;
-  virtual void OnClosed() = 0;  // the far side ended it
+  virtual void OnClosed() = 0;                           // the far side ended it
   virtual void OnFailed(const std::string& reason) = 0;  // it could not be opened
 
  protected:
