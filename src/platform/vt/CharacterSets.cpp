@@ -178,23 +178,23 @@ void CharacterSets::Reset() {
   left_ = 0;
   right_ = 2;
   once_ = -1;
-  map_ = Vt52Map(false);  // for the places outside the two halves
-  Rebuild();
+  map_ = Vt52Map(false);  // which has just these sets
 }
 
 void CharacterSets::Designate(int g, CharacterSet set) {
   designated_[static_cast<std::size_t>(g)] = set;
-  Rebuild();
+  if (g == left_) LockLeft(g);
+  if (g == right_) LockRight(g);
 }
 
 void CharacterSets::LockLeft(int g) {
   left_ = g;
-  Rebuild();
+  std::ranges::copy(GlyphsOf(designated_[static_cast<std::size_t>(g)]), map_.begin() + 0x20);
 }
 
 void CharacterSets::LockRight(int g) {
   right_ = g;
-  Rebuild();
+  std::ranges::copy(GlyphsOf(designated_[static_cast<std::size_t>(g)]), map_.begin() + 0xA0);
 }
 
 std::uint16_t CharacterSets::TakeShifted(unsigned char byte) {
@@ -202,13 +202,6 @@ std::uint16_t CharacterSets::TakeShifted(unsigned char byte) {
   once_ = -1;
   const unsigned code = byte & 0x7FU;
   return code < 0x20 ? UnicodeOf(byte) : GlyphsOf(set)[code - 0x20];
-}
-
-void CharacterSets::Rebuild() {
-  const Glyphs96& left = GlyphsOf(designated_[static_cast<std::size_t>(left_)]);
-  const Glyphs96& right = GlyphsOf(designated_[static_cast<std::size_t>(right_)]);
-  std::ranges::copy(left, map_.begin() + 0x20);
-  std::ranges::copy(right, map_.begin() + 0xA0);
 }
 
 const GlyphMap& PlainMap() {

@@ -75,8 +75,6 @@ class CharacterSets {
   bool operator==(const CharacterSets&) const = default;
 
  private:
-  void Rebuild();
-
   std::array<CharacterSet, 4> designated_{};
   int left_ = 0;
   int right_ = 2;

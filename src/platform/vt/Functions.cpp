@@ -123,6 +123,19 @@ constexpr auto kControlByCode = [] {
   return handlers;
 }();
 
+constexpr std::string_view kEscapePrefixes("\0 #()*+-./", 10);
+constexpr std::size_t kEscapeFinals = 80;  // 0x30 to 0x7F
+constexpr auto kEscapeByCode = [] {
+  std::array<const EscapeRow*, kEscapePrefixes.size() * kEscapeFinals> rows{};
+  for (const EscapeRow& row : kEscapes) {
+    const std::size_t first = kEscapePrefixes.find(row.intermediate) * kEscapeFinals;
+    for (std::size_t i = 0; i < kEscapeFinals; ++i) {
+      if (row.final == 0 || row.final == static_cast<char>(0x30 + i)) rows[first + i] = &row;
+    }
+  }
+  return rows;
+}();
+
 constexpr std::string_view kCsiPrefixes("\0?>!\"", 5);
 constexpr std::size_t kFinals = 64;  // 0x40 to 0x7F
 constexpr auto kCsiByCode = [] {
@@ -146,13 +159,12 @@ void Machine::EscapeDispatch(const Sequence& sequence) {
     Execute(static_cast<unsigned char>(sequence.final + 0x40));
     return;
   }
-  for (const EscapeRow& row : kEscapes) {
-    if (row.intermediate == sequence.intermediates &&
-        (row.final == sequence.final || row.final == 0)) {
-      if (level >= row.level) row.handler(*this, sequence);
-      return;
-    }
-  }
+  if (sequence.intermediates > 0x7F) return;
+  const std::size_t prefix = kEscapePrefixes.find(static_cast<char>(sequence.intermediates));
+  if (prefix == std::string_view::npos) return;
+  const EscapeRow* const row =
+      kEscapeByCode[prefix * kEscapeFinals + static_cast<std::size_t>(sequence.final - 0x30)];
+  if (row != nullptr && level >= row->level) row->handler(*this, sequence);
 }
 
 void Machine::CsiDispatch(const Sequence& sequence) {

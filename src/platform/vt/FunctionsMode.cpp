@@ -9,8 +9,9 @@ namespace {
 using ModeHandler = void (*)(Machine&, bool on);
 
 void AnsiMode(Machine& m, bool on) {
-  if (!on) m.EnterLevel(Level::Vt52);
-  m.vt52Graphics = false;
+  if (on) return;  // already so, or this sequence would not have been understood
+  m.EnterLevel(Level::Vt52);
+  m.SetVt52Graphics(false);
 }
 
 // Clears the screen, sets the margins to the extremes and homes the cursor (VT220 manual).

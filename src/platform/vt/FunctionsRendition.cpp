@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "platform/vt/Functions.h"
@@ -19,6 +20,12 @@ constexpr FlagRow kFlags[] = {
     {24, Flags::kUnderline, false}, {25, Flags::kBlink, false},   {27, Flags::kReverse, false},
     {28, Flags::kInvisible, false},
 };
+
+constexpr auto kFlagByParameter = [] {
+  std::array<const FlagRow*, 30> rows{};
+  for (const FlagRow& row : kFlags) rows[static_cast<std::size_t>(row.parameter)] = &row;
+  return rows;
+}();
 
 // 38 or 48 at `at`: ";5;index" or ";2;red;green;blue". Returns the last parameter that was used.
 std::size_t ExtendedColour(Arguments a, std::size_t at, Colour& colour) {
@@ -63,8 +70,8 @@ std::size_t Apply(Attributes& pen, Arguments a, std::size_t at) {
   if (parameter == 0) {
     Reset(pen);
   } else if (parameter < 30) {
-    const auto* const row = std::ranges::find(kFlags, parameter, &FlagRow::parameter);
-    if (row != std::end(kFlags)) pen.Set(row->flag, row->on);
+    const FlagRow* const row = kFlagByParameter[static_cast<std::size_t>(parameter)];
+    if (row != nullptr) pen.Set(row->flag, row->on);
   } else if (parameter == 38) {
     return ExtendedColour(a, at, pen.fore);
   } else if (parameter == 48) {

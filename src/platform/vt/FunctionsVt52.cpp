@@ -19,10 +19,10 @@ void Plain(Machine& m) {
 }
 
 void Graphics(Machine& m) {
-  m.vt52Graphics = true;
+  m.SetVt52Graphics(true);
 }
 void NoGraphics(Machine& m) {
-  m.vt52Graphics = false;
+  m.SetVt52Graphics(false);
 }
 void CursorHome(Machine& m) {
   m.MoveTo(0, 0);

@@ -22,6 +22,7 @@ Level LevelOf(TerminalType type) {
 
 Machine::Machine(int columns, int rows) : setUp{columns}, screen(columns, rows) {
   setUp.columns = screen.Columns();
+  ChooseMap();
   bottom = screen.Rows() - 1;
   SetDefaultTabs();
 }
@@ -34,7 +35,7 @@ void Machine::SetType(TerminalType newType) {
   }
   type = newType;
   eightBitControls = type == TerminalType::VT220_8;
-  vt52Graphics = false;
+  vt52Graphics_ = false;
   StringAbort();
   const bool autoWrap = modes.autoWrap;
   SoftReset();
@@ -46,6 +47,7 @@ void Machine::SetType(TerminalType newType) {
 
 void Machine::EnterLevel(Level newLevel) {
   level = newLevel;
+  ChooseMap();
   const C1Bytes c1 = level == Level::Vt220 ? C1Bytes::Controls : C1Bytes::Text;
   switch (level) {
     case Level::Plain:
@@ -113,19 +115,13 @@ void Machine::HardReset() {
   for (int row = 0; row < screen.Rows(); ++row) screen.ClearRow(row);
   screen.SetReverseScreen(false);
   SetDefaultTabs();
-  vt52Graphics = false;
+  vt52Graphics_ = false;
   eightBitControls = type == TerminalType::VT220_8;
   EnterLevel(LevelOf(type));
   MoveTo(0, 0);
 }
 
 // ---------------------------------------------------------------- the cursor
-
-void Machine::MoveTo(int row, int column) {
-  screen.cursorRow = std::clamp(row, 0, screen.Rows() - 1);
-  screen.cursorColumn = std::clamp(column, 0, LastColumn());
-  screen.lastColumn = false;
-}
 
 void Machine::Home() {
   MoveTo(modes.origin ? top : 0, 0);
@@ -173,9 +169,17 @@ void Machine::ScrollRegionUp(int count) {
 
 // ---------------------------------------------------------------- text
 
-const GlyphMap& Machine::Map() const {
-  if (level == Level::Plain) return PlainMap();
-  return level == Level::Vt52 ? Vt52Map(vt52Graphics) : sets.Map();
+void Machine::ChooseMap() {
+  if (level == Level::Plain) {
+    map_ = &PlainMap();
+  } else {
+    map_ = level == Level::Vt52 ? &Vt52Map(vt52Graphics_) : &sets.Map();
+  }
+}
+
+void Machine::SetVt52Graphics(bool on) {
+  vt52Graphics_ = on;
+  ChooseMap();
 }
 
 void Machine::Wrap() {
@@ -186,7 +190,7 @@ void Machine::Wrap() {
 }
 
 void Machine::WriteRun(const unsigned char* first, int count) {
-  const GlyphMap& map = Map();
+  const GlyphMap& map = *map_;
   const std::uint64_t attributes = Bits(Cell{0, pen});
   if (modes.insert) screen.InsertCells(screen.cursorRow, screen.cursorColumn, count);
   Cell* out = screen.Overwrite(screen.cursorRow, screen.cursorColumn, count);

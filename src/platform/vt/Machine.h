@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <bitset>
 #include <cstdint>
 #include <span>
@@ -47,6 +48,8 @@ struct SavedCursor {
 class Machine {
  public:
   Machine(int columns, int rows);
+  Machine(const Machine&) = delete;
+  Machine& operator=(const Machine&) = delete;
 
   // --- the parser's sink
   void Print(const unsigned char* first, const unsigned char* last);
@@ -67,13 +70,19 @@ class Machine {
   void SoftReset();  // DECSTR
   void HardReset();  // RIS
   void SetDefaultTabs();
+  void SetVt52Graphics(bool on);
 
   // --- the cursor; columns and rows count from 0
   // Right of it a character wraps or overwrites: the last column of the cursor's line.
   int LastColumn() const { return screen.Width(screen.cursorRow) - 1; }
-  void MoveTo(int row, int column);  // clamped to the screen; ends a pending wrap
-  void Home();                       // of the screen or, in origin mode, of the margins
-  void Index();                      // one line down, scrolling at the bottom margin
+  // Clamped to the screen; ends a pending wrap.
+  void MoveTo(int row, int column) {
+    screen.cursorRow = std::clamp(row, 0, screen.Rows() - 1);
+    screen.cursorColumn = std::clamp(column, 0, LastColumn());
+    screen.lastColumn = false;
+  }
+  void Home();   // of the screen or, in origin mode, of the margins
+  void Index();  // one line down, scrolling at the bottom margin
   void ReverseIndex();
   void LineFeed();
   void ScrollRegionUp(int count);
@@ -97,7 +106,6 @@ class Machine {
   TerminalType type = TerminalType::VT220_7;
   Level level = Level::Vt220;
   bool eightBitControls = false;
-  bool vt52Graphics = false;
   // What the user has chosen, to which a hard reset goes back.
   struct SetUp {
     int columns;
@@ -129,7 +137,10 @@ class Machine {
   // Writes one glyph a byte at the cursor, within the line; moves the cursor by hand of the caller.
   void WriteRun(const unsigned char* first, int count);
   const unsigned char* PrintPart(const unsigned char* first, const unsigned char* last);
-  const GlyphMap& Map() const;
+  void ChooseMap();
+
+  const GlyphMap* map_ = nullptr;  // from bytes to glyphs, as level and sets have it
+  bool vt52Graphics_ = false;
 
   bool definesKeys_ = false;  // a DECUDK string is being received
   Sequence stringHead_;

@@ -39,6 +39,8 @@ class Parser {
   const StateRow& RowOf(State state) const { return (*table_)[static_cast<std::size_t>(state)]; }
   const Byte* EndOfText(const Byte* from, const Byte* end) const;
   const Byte* TakeParameters(const Byte* from, const Byte* end);
+  template <class Sink>
+  const Byte* TakeWholeSequence(const Byte* from, const Byte* end, Sink& sink);
   void Clear();
   void Collect(Byte byte);
   void Swallow() {
@@ -125,6 +127,37 @@ inline const Parser::Byte* Parser::TakeParameters(const Byte* from, const Byte* 
   return from;
 }
 
+// Most of what is no text is a plain control sequence in one piece: ESC [, numbers, a final byte.
+// It goes this way at once, with the result that the table would have; anything else is left to
+// the table. (Measured: more than half of the time of cursor addressing.) Returns behind the
+// sequence, or `from` when it is none of these. Only for the ground state.
+template <class Sink>
+const Parser::Byte* Parser::TakeWholeSequence(const Byte* from, const Byte* end, Sink& sink) {
+  if (end - from < 3 || from[0] != 0x1B || from[1] != '[') return from;
+  const Byte* at = from + 2;
+  std::size_t count = 0;
+  int value = 0;
+  for (; at != end; ++at) {
+    const unsigned digit = *at - unsigned{'0'};
+    if (digit <= 9) {
+      value = std::min(value * 10 + static_cast<int>(digit), Sequence::kMaxValue);
+    } else if (*at == ';' && count + 1 < Sequence::kMaxParameters) {
+      sequence_.parameters[count++] = value;
+      value = 0;
+    } else {
+      break;
+    }
+  }
+  if (at == end || *at < 0x40 || *at > 0x7E) return from;
+  if (at != from + 2) sequence_.parameters[count++] = value;
+  sequence_.count = count;
+  sequence_.marker = 0;
+  sequence_.intermediates = 0;
+  sequence_.final = static_cast<char>(*at);
+  sink.CsiDispatch(sequence_);
+  return at + 1;
+}
+
 template <class Sink>
 std::size_t Parser::Feed(std::string_view bytes, Sink& sink) {
   const Byte* const begin = reinterpret_cast<const Byte*>(bytes.data());
@@ -138,6 +171,14 @@ std::size_t Parser::Feed(std::string_view bytes, Sink& sink) {
       at = EndOfText(at, end);
       sink.Print(text, at);
       continue;
+    }
+    if (state_ == State::Ground && cell.action == Action::Clear) {
+      const Byte* const after = TakeWholeSequence(at, end, sink);
+      if (after != at) {
+        at = after;
+        if (sink.WantsRawBytes()) break;
+        continue;
+      }
     }
     state_ = cell.next;
     if (cell.action == Action::Parameter) {

@@ -38,13 +38,6 @@ void Screen::SetReverseScreen(bool on) {
   MarkAll();
 }
 
-Cell* Screen::Overwrite(int row, int column, int count) {
-  RowState& state = StateOf(row);
-  state.used = static_cast<std::uint16_t>(std::max<int>(state.used, column + count));
-  Mark(row);
-  return CellsOf(row) + column;
-}
-
 bool Screen::IsBlank(int row) const {
   const Cell* cells = CellsOf(row);
   return std::all_of(cells, cells + UsedColumns(row),

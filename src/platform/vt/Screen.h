@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <span>
@@ -64,7 +65,12 @@ class Screen {
 
   void SetReverseScreen(bool on);
   // `count` cells from `column` on, to be overwritten.
-  Cell* Overwrite(int row, int column, int count);
+  Cell* Overwrite(int row, int column, int count) {
+    RowState& state = StateOf(row);
+    state.used = static_cast<std::uint16_t>(std::max<int>(state.used, column + count));
+    Mark(row);
+    return CellsOf(row) + column;
+  }
   // Cells before this column may be other than blank; those behind are blank.
   int UsedColumns(int row) const { return StateOf(row).used; }
   bool IsBlank(int row) const;
