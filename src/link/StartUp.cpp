@@ -46,7 +46,12 @@ void Main() {
   Ask().ShowMainWindow();
   s.ConfigArgument = application.CommandLine();
   if (s.ConfigArgument.empty()) return;
-  Ask().LoadConfiguration();
+  try {
+    Ask().LoadConfiguration();
+  } catch (const RuntimeError&) {
+    s.ConfigArgument.clear();  // the user picks the next one
+    throw;
+  }
   if (s.ConfigPath.empty()) return;
   s.ConfigArgument.clear();
   StartSession();

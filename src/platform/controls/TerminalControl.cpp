@@ -26,7 +26,7 @@ Terminal::Terminal(Container& parent, std::string name, int index)
 void Terminal::Apply(Prop mode) {
   switch (mode) {
     case Prop::TermType:
-      emulation_.SetType(static_cast<vt::TerminalType>(std::clamp(TermType(), 0, 4)));
+      emulation_.SetType(static_cast<vt::TerminalType>(std::clamp(TermType(), 1, 5)));
       break;
     case Prop::ScreenSize:
       emulation_.SetSize(Columns() == 1 ? 132 : 80, std::clamp(Rows(), 1, kMostRows));
