@@ -1,80 +1,14 @@
-#include <QTest>
-
-#include <QApplication>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
-
+#include "app/tour/Hands.h"
 #include "app/tour/Tour.h"
-#include "link/SessionState.h"
 #include "link/frmPassword.h"
 #include "menus/frmAbout.h"
 #include "menus/frmSubMenu.h"
-#include "menus/mdiMain.h"
 #include "platform/controls/Desktop.h"
 #include "terminal/frmTelnet.h"
 
+#include <QApplication>
+
 namespace quorvel {
-namespace {
-
-// --- what the user looks at
-
-bool MenuShows(const std::string& title) {
-  const frmSubMenu* menu = LoadedForm<frmSubMenu>();
-  return menu && menu->IsVisible() && desktop().focus().Front() == menu &&
-         Session().MenuText.rfind(title, 0) == 0 && Session().PendingOp.empty();
-}
-
-bool TerminalShows(const std::string& text) {
-  const frmTelnet* window = LoadedForm<frmTelnet>();
-  if (!window || desktop().focus().Front() != window) return false;
-  for (const std::string& line : window->VT2201.ScreenLines()) {
-    if (line.find(text) != std::string::npos) return true;
-  }
-  return false;
-}
-
-bool BoxShows() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; }
-
-template <class F>
-bool DialogShows() {
-  const F* form = LoadedForm<F>();
-  return form && form->IsVisible();
-}
-
-// --- the user's hands
-
-class Hands {
- public:
-  explicit Hands(QtBackend& backend) : backend_(backend) {}
-
-  void Click(Control& control) const {
-    QTest::mouseClick(backend_.WidgetOf(control), Qt::LeftButton);
-  }
-  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
-    QTest::keyClick(Target(), static_cast<Qt::Key>(key), modifiers);
-  }
-  void Type(const char* text) const { QTest::keyClicks(Target(), QString::fromLatin1(text)); }
-  // Types an option's id into the entry of the menu window and presses Enter.
-  void Open(const char* option) const {
-    Click(Form<frmSubMenu>().cboExecute);
-    Type(option);
-    Key(Qt::Key_Return);
-  }
-  void AnswerBox() const { Key(Qt::Key_Return); }
-
- private:
-  static QWidget* Target() {
-    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-    if (QWidget* focus = QApplication::focusWidget()) return focus;
-    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-    return QApplication::activeWindow();
-  }
-
-  QtBackend& backend_;
-};
-
-}  // namespace
 
 std::vector<TourStep> TourSteps(QtBackend& backend) {
   const Hands user(backend);

@@ -1,0 +1,67 @@
+#include "app/tour/Hands.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+
+#include "link/SessionState.h"
+#include "menus/frmSubMenu.h"
+#include "terminal/frmTelnet.h"
+
+namespace quorvel {
+namespace {
+
+// Where the toolkit sends a key now.
+QWidget* KeyTarget() {
+  if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+  if (QWidget* focus = QApplication::focusWidget()) return focus;
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return QApplication::activeWindow();
+}
+
+}  // namespace
+
+bool MenuShows(const std::string& title) {
+  const frmSubMenu* menu = LoadedForm<frmSubMenu>();
+  return menu && menu->IsVisible() && desktop().focus().Front() == menu &&
+         Session().MenuText.rfind(title, 0) == 0 && Session().PendingOp.empty();
+}
+
+bool TerminalShows(const std::string& text) {
+  const frmTelnet* window = LoadedForm<frmTelnet>();
+  if (!window || desktop().focus().Front() != window) return false;
+  for (const std::string& line : window->VT2201.ScreenLines()) {
+    if (line.find(text) != std::string::npos) return true;
+  }
+  return false;
+}
+
+bool BoxShows() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; }
+
+void Hands::Click(Control& control) const {
+  QTest::mouseClick(backend_.WidgetOf(control), Qt::LeftButton);
+}
+
+void Hands::Key(int key, Qt::KeyboardModifiers modifiers) const {
+  if (QWidget* target = KeyTarget()) QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
+}
+
+void Hands::Type(const char* text) const {
+  for (const char* c = text; *c != '\0'; ++c) {
+    if (*c == '\r') {
+      Key(Qt::Key_Return);
+    } else if (QWidget* target = KeyTarget()) {
+      QTest::keyClick(target, *c);
+    }
+  }
+}
+
+void Hands::Open(const char* option) const {
+  Click(Form<frmSubMenu>().cboExecute);
+  Type(option);
+  Key(Qt::Key_Return);
+}
+
+void Hands::AnswerBox() const { Key(Qt::Key_Return); }
+
+}  // namespace quorvel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include <Qt>
+
+#include "platform/controls/Desktop.h"
+#include "platform/qt/QtBackend.h"
+
+class QWidget;
+
+namespace quorvel {
+
+// --- what the user of the real windows looks at
+
+// The menu with this title is in front, and no request is under way.
+bool MenuShows(const std::string& title);
+// The terminal is in front and shows this text.
+bool TerminalShows(const std::string& text);
+// A message box is open.
+bool BoxShows();
+
+template <class F>
+bool DialogShows() {
+  const F* form = LoadedForm<F>();
+  return form && form->IsVisible();
+}
+
+// The user's hands: real mouse and key events into the real windows.
+class Hands {
+ public:
+  explicit Hands(QtBackend& backend) : backend_(backend) {}
+
+  void Click(Control& control) const;
+  void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+  // Latin-1 text into what has the keyboard; CR is Enter.
+  void Type(const char* text) const;
+  // Types an option's id into the entry of the menu window and presses Enter.
+  void Open(const char* option) const;
+  // Takes the default button of the open box.
+  void AnswerBox() const;
+
+ private:
+  QtBackend& backend_;
+};
+
+}  // namespace quorvel

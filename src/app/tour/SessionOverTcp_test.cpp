@@ -1,0 +1,101 @@
+// A session over TCP, the real windows offscreen: login, menus, an option, the terminal, back,
+// log-off, a second session, and the loss of its link.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <fstream>
+
+#include "app/Wiring.h"
+#include "app/tour/Hands.h"
+#include "app/tour/Tour.h"
+#include "link/SessionState.h"
+#include "link/StartUp.h"
+#include "menus/frmSubMenu.h"
+#include "menus/mdiMain.h"
+#include "terminal/frmTelnet.h"
+
+namespace quorvel {
+namespace {
+
+// The sample host as a process of its own.
+class SampleHost {
+ public:
+  explicit SampleHost(const QString& folder) {
+    process_.start(QUORVEL_DEMOHOST, {"--port", "0", "--data", folder + "/sample.sqlite"});
+    if (process_.waitForStarted() && process_.waitForReadyRead()) {
+      const QString line = QString::fromLatin1(process_.readLine()).trimmed();
+      address_ = line.section(' ', -1).toStdString();
+    }
+  }
+  ~SampleHost() { Stop(); }
+  SampleHost(const SampleHost&) = delete;
+  SampleHost& operator=(const SampleHost&) = delete;
+
+  const std::string& Address() const { return address_; }
+  void Stop() {
+    process_.kill();
+    process_.waitForFinished();
+  }
+
+ private:
+  QProcess process_;
+  std::string address_;
+};
+
+bool SessionOver() {
+  return LoadedForm<frmTelnet>() == nullptr && LoadedForm<frmSubMenu>() == nullptr &&
+         QApplication::activeModalWidget() == nullptr;
+}
+
+TEST(SessionOverTcp, TwoSessionsAndALostLink) {
+  QTemporaryDir folder;
+  ASSERT_TRUE(folder.isValid());
+  qputenv("QUORVEL_HOME", folder.path().toLocal8Bit());
+  SampleHost host(folder.path());
+  ASSERT_FALSE(host.Address().empty());
+  const std::string configuration = folder.filePath("test.inf").toStdString();
+  std::ofstream(configuration) << "[TELNET]\nHostName=" << host.Address()
+                               << "\nQuickExit=0\n[LOGIN]\nUserId=demo\nPwd=demo\n";
+
+  std::string program = "quorvel";
+  std::string argument = configuration;
+  char* arguments[] = {program.data(), argument.data(), nullptr};
+  QtBackend backend(2, arguments);
+  Desktop desktop(backend);
+  Session() = SessionState{};
+  WireHandOvers();
+  const Hands user(backend);
+
+  const std::vector<TourStep> steps = {
+      {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("AR"); }},
+      {"", [] { return MenuShows("Customers and Receivables"); },
+       [&] { user.Click(Form<frmSubMenu>().cmdBack); }},
+      {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("UT.MSGBOX"); }},
+      {"", [] { return BoxShows(); }, [&] { user.AnswerBox(); }},
+      {"", [] { return MenuShows("Main Menu") && !BoxShows(); },
+       [&] { user.Click(Form<frmSubMenu>().cmdTcl); }},
+      {"", [] { return TerminalShows(">"); }, [&] { user.Type("WHO\r"); }},
+      {"", [] { return TerminalShows("demo"); }, [&] { user.Type("\rMENU\r"); }},
+      {"", [] { return MenuShows("Main Menu"); }, [&] { user.Click(Form<frmSubMenu>().cmdLogoff); }},
+      {"", [] { return BoxShows(); }, [&] { user.AnswerBox(); }},
+      {"", [] { return SessionOver(); },
+       [&] {
+         EXPECT_EQ(Form<mdiMain>().Caption(), "Quorvel GUI - Not Connected");
+         desktop.Post(EventKind::Program, [] { StartSession(); });
+       }},
+      {"", [] { return MenuShows("Main Menu"); }, [&] { host.Stop(); }},
+      {"", [] { return SessionOver(); }, nullptr},
+  };
+  Tour tour(backend, folder.path().toStdString(), steps);
+  desktop.Post(EventKind::Program, [] { Main(); });
+  tour.Start();
+  EXPECT_EQ(backend.Run(), 0);
+  EXPECT_EQ(tour.ExitStatus(), 0);
+}
+
+}  // namespace
+}  // namespace quorvel
