@@ -157,10 +157,6 @@ std::uint16_t UnicodeOf(unsigned char byte) {
   return byte >= 0x80 && byte < 0xA0 ? kUpperControls[byte - 0x80U] : byte;
 }
 
-std::uint16_t PlainGlyphOf(unsigned char byte) {
-  return PlainMap()[byte];
-}
-
 char ByteOf(std::uint16_t glyph) {
   if (glyph < 0x80 || (glyph >= 0xA0 && glyph <= 0xFF)) return static_cast<char>(glyph);
   if (const auto* found = std::ranges::find(kStandIns, glyph, &StandIn::glyph);

@@ -42,8 +42,6 @@ std::optional<CharacterSet> SetOf96(char final);
 // Windows-1252 as Unicode, for all 256 bytes; 0x81, 0x8D, 0x8F, 0x90 and 0x9D, which it leaves
 // open, and the controls stand for themselves.
 std::uint16_t UnicodeOf(unsigned char byte);
-// What "no emulation" shows: as above, with the pictures of U+2400 for controls.
-std::uint16_t PlainGlyphOf(unsigned char byte);
 
 // A glyph as a byte of Windows-1252. Line drawing becomes "+", "-" and "|", the other graphics the
 // usual ASCII stand-ins, anything else "?".
@@ -82,7 +80,8 @@ class CharacterSets {
   GlyphMap map_{};
 };
 
-// The maps of the types without designated sets.
+// The maps of the types without designated sets. "No emulation" shows Windows-1252, with the
+// pictures of U+2400 for controls.
 const GlyphMap& PlainMap();
 const GlyphMap& Vt52Map(bool graphics);
 

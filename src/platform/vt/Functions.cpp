@@ -28,7 +28,7 @@ constexpr ControlRow kControls[] = {
 
 // A final of 0 stands for any final character. `level` is the lowest one that has the function.
 struct EscapeRow {
-  char intermediate;
+  char prefix;
   char final;
   Level level;
   std::string_view mnemonic;
@@ -128,7 +128,7 @@ constexpr std::size_t kEscapeFinals = 80;  // 0x30 to 0x7F
 constexpr auto kEscapeByCode = [] {
   std::array<const EscapeRow*, kEscapePrefixes.size() * kEscapeFinals> rows{};
   for (const EscapeRow& row : kEscapes) {
-    const std::size_t first = kEscapePrefixes.find(row.intermediate) * kEscapeFinals;
+    const std::size_t first = kEscapePrefixes.find(row.prefix) * kEscapeFinals;
     for (std::size_t i = 0; i < kEscapeFinals; ++i) {
       if (row.final == 0 || row.final == static_cast<char>(0x30 + i)) rows[first + i] = &row;
     }
@@ -155,12 +155,12 @@ void Machine::Execute(unsigned char control) {
 
 void Machine::EscapeDispatch(const Sequence& sequence) {
   // ESC and a character of 4/0 to 5/15 is the C1 control in 7 bits.
-  if (sequence.intermediates == 0 && sequence.final >= 0x40 && sequence.final <= 0x5F) {
+  if (sequence.prefix == 0 && sequence.final >= 0x40 && sequence.final <= 0x5F) {
     Execute(static_cast<unsigned char>(sequence.final + 0x40));
     return;
   }
-  if (sequence.intermediates > 0x7F) return;
-  const std::size_t prefix = kEscapePrefixes.find(static_cast<char>(sequence.intermediates));
+  if (sequence.prefix > 0x7F) return;
+  const std::size_t prefix = kEscapePrefixes.find(static_cast<char>(sequence.prefix));
   if (prefix == std::string_view::npos) return;
   const EscapeRow* const row =
       kEscapeByCode[prefix * kEscapeFinals + static_cast<std::size_t>(sequence.final - 0x30)];
@@ -169,11 +169,9 @@ void Machine::EscapeDispatch(const Sequence& sequence) {
 
 void Machine::CsiDispatch(const Sequence& sequence) {
   std::size_t prefix = 0;
-  if (sequence.marker != 0 || sequence.intermediates != 0) {
-    if ((sequence.marker != 0 && sequence.intermediates != 0) || sequence.intermediates > 0x7F) {
-      return;
-    }
-    prefix = kCsiPrefixes.find(static_cast<char>(sequence.marker | sequence.intermediates));
+  if (sequence.prefix != 0) {
+    if (sequence.prefix > 0x7F) return;
+    prefix = kCsiPrefixes.find(static_cast<char>(sequence.prefix));
     if (prefix == std::string_view::npos) return;
   }
   const CsiRow* const row =

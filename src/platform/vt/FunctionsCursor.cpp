@@ -90,18 +90,14 @@ void SetMargins(Machine& m, Arguments a) {
 }
 
 void SaveCursor(Machine& m, Arguments) {
-  m.saved = {m.screen.cursorRow,
-             m.screen.cursorColumn,
-             m.screen.lastColumn,
-             m.modes.origin,
-             m.pen,
-             m.sets};
+  m.saved = {m.screen.cursorRow, m.screen.cursorColumn, m.screen.lastColumn,
+             m.modes.origin,     m.ink.attributes,      m.sets};
 }
 
 // The pending wrap comes back with the cursor (DEC STD 070); autowrap mode itself is not saved.
 void RestoreCursor(Machine& m, Arguments) {
   m.modes.origin = m.saved.origin;
-  m.pen = m.saved.pen;
+  m.ink.attributes = m.saved.pen;
   m.sets = m.saved.sets;
   m.MoveTo(m.saved.row, m.saved.column);
   if (m.modes.origin) {

@@ -87,20 +87,20 @@ std::size_t Apply(Attributes& pen, Arguments a, std::size_t at) {
 void GraphicRendition(Machine& m, Arguments a) {
   std::size_t at = 0;
   do {
-    at = Apply(m.pen, a, at) + 1;
+    at = Apply(m.ink.attributes, a, at) + 1;
   } while (at < a.count);
 }
 
 void CharacterProtection(Machine& m, Arguments a) {
   const int what = a.ValueAt(0);
-  if (what <= 2) m.pen.Set(Attributes::kProtected, what == 1);
+  if (what <= 2) m.ink.attributes.Set(Attributes::kProtected, what == 1);
 }
 
 // ESC ( ) * + designate sets of 94 characters into G0 to G3, ESC - . / those of 96 into G1 to G3.
 // An unknown set, such as a soft one, leaves the old one in place.
 void Designate(Machine& m, Arguments a) {
   constexpr std::string_view kFor94 = "()*+";
-  const char intermediate = static_cast<char>(a.intermediates);
+  const char intermediate = static_cast<char>(a.prefix);
   const std::size_t g = kFor94.find(intermediate);
   if (g != std::string_view::npos) {
     if (const auto set = SetOf94(a.final)) m.sets.Designate(static_cast<int>(g), *set);

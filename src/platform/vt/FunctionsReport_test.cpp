@@ -108,5 +108,28 @@ TEST(Printing, FailureAndReentry) {
   EXPECT_EQ(Dump(terminal), "abcd");
 }
 
+// While it is given what is printed, the owner may change the terminal.
+TEST(Printing, TheOwnerMayChangeTheTerminalMeanwhile) {
+  const std::string rows(std::size_t{132} * 100, 'x');
+  for (const std::string input : {"\x1B[i\x1B[?1ia", "x\x1B[?5i\r\nb\x1B[?4i", "\x1B[5i\x1B"}) {
+    for (const bool resets : {false, true}) {
+      Emulator terminal(132, 100);
+      terminal.SetPassThrough(true);
+      bool asked = false;
+      terminal.onPrint = [&](std::string_view) {
+        asked = true;
+        if (resets) terminal.Reset();
+        terminal.SetSize(2, 1);
+      };
+      terminal.Feed(rows + input + rows + "\x1B[4iz");
+      EXPECT_TRUE(asked);
+      EXPECT_EQ(terminal.screen().Columns(), 2);
+      if (!resets) {
+        EXPECT_EQ(Dump(terminal).back(), 'z');
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace quorvel::vt

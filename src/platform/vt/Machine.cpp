@@ -99,7 +99,7 @@ void Machine::SoftReset() {
   top = 0;
   bottom = screen.Rows() - 1;
   sets.Reset();
-  pen = {};
+  ink = kNoGlyph;
   saved = {};
 }
 
@@ -191,7 +191,7 @@ void Machine::Wrap() {
 
 void Machine::WriteRun(const unsigned char* first, int count) {
   const GlyphMap& map = *map_;
-  const std::uint64_t attributes = Bits(Cell{0, pen});
+  const std::uint64_t attributes = Bits(ink);
   if (modes.insert) screen.InsertCells(screen.cursorRow, screen.cursorColumn, count);
   Cell* out = screen.Overwrite(screen.cursorRow, screen.cursorColumn, count);
   for (int i = 0; i < count; ++i) {
@@ -231,7 +231,7 @@ const unsigned char* Machine::PrintPart(const unsigned char* first, const unsign
 void Machine::PutGlyph(std::uint16_t glyph) {
   if (screen.lastColumn) Wrap();
   if (modes.insert) screen.InsertCells(screen.cursorRow, screen.cursorColumn, 1);
-  *screen.Overwrite(screen.cursorRow, screen.cursorColumn, 1) = Cell{glyph, pen};
+  *screen.Overwrite(screen.cursorRow, screen.cursorColumn, 1) = Cell{glyph, ink.attributes};
   if (screen.cursorColumn < LastColumn()) {
     ++screen.cursorColumn;
   } else {
@@ -244,8 +244,7 @@ void Machine::PutGlyph(std::uint16_t glyph) {
 void Machine::StringStart(const Sequence& sequence) {
   // Of all device control strings only DECUDK means something here; soft fonts (DECDLD) and
   // unknown ones are received and dropped.
-  definesKeys_ = sequence.final == '|' && sequence.marker == 0 && sequence.intermediates == 0 &&
-                 level == Level::Vt220;
+  definesKeys_ = sequence.final == '|' && sequence.prefix == 0 && level == Level::Vt220;
   stringHead_ = sequence;
   string_.clear();
 }
@@ -286,17 +285,24 @@ std::string Machine::TextOf(std::span<const Cell> cells) {
   return text;
 }
 
-void Machine::PrintLine(int row) {
+std::string Machine::PaperLine(int row) const {
   std::string text = TextOf(screen.Row(row).first(static_cast<std::size_t>(screen.Width(row))));
   text.erase(text.find_last_not_of(' ') + 1);
-  printer.Print(text + "\r\n");
+  return text + "\r\n";
 }
 
+void Machine::PrintLine(int row) {
+  printer.Print(PaperLine(row));
+}
+
+// Collected first: the owner may resize the terminal while it is given the text.
 void Machine::PrintScreen() {
   const int first = modes.printWholeScreen ? 0 : top;
   const int last = modes.printWholeScreen ? screen.Rows() - 1 : bottom;
-  for (int row = first; row <= last; ++row) PrintLine(row);
-  if (modes.printFormFeed) printer.Print("\f");
+  std::string text;
+  for (int row = first; row <= last; ++row) text += PaperLine(row);
+  if (modes.printFormFeed) text += '\f';
+  printer.Print(text);
   printer.End();
 }
 

@@ -43,6 +43,8 @@ struct SavedCursor {
   CharacterSets sets;
 };
 
+constexpr Cell kNoGlyph{0, {}};
+
 // The whole state of the emulation and what the control functions have in common. It is the sink
 // of the parser; the functions themselves are in Functions*.cpp.
 class Machine {
@@ -116,7 +118,7 @@ class Machine {
   Screen screen;
   Scrollback scrollback;
   Modes modes;
-  Attributes pen;
+  Cell ink = kNoGlyph;  // the attributes of what is printed next
   CharacterSets sets;
   SavedCursor saved;
   int top = 0;  // margins, both inside
@@ -132,6 +134,7 @@ class Machine {
   bool resized = false;
 
  private:
+  std::string PaperLine(int row) const;  // without trailing blanks, with CR LF
   void SaveTopRows(int count);
   void Wrap();
   // Writes one glyph a byte at the cursor, within the line; moves the cursor by hand of the caller.

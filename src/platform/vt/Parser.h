@@ -82,24 +82,17 @@ inline const Parser::Byte* Parser::EndOfText(const Byte* from, const Byte* end) 
 
 inline void Parser::Clear() {
   sequence_.count = 0;
-  sequence_.marker = 0;
-  sequence_.intermediates = 0;
+  sequence_.prefix = 0;
   hasParameter_ = false;
   stringBytes_ = 0;
   vt52Row_ = -1;
 }
 
 inline void Parser::Collect(Byte byte) {
-  const Byte code = byte & 0x7F;
-  if (code >= 0x3C) {
-    sequence_.marker = static_cast<char>(code);
-  } else if (sequence_.intermediates == 0) {
-    sequence_.intermediates = code;
-  } else if (sequence_.intermediates < 0x100) {
-    sequence_.intermediates = static_cast<std::uint16_t>(sequence_.intermediates | code << 8);
-  } else {
-    sequence_.intermediates = Sequence::kTooManyIntermediates;
-  }
+  const std::uint32_t code = byte & 0x7FU;
+  int shift = 0;
+  while (shift < 24 && (sequence_.prefix >> shift) != 0) shift += 8;
+  sequence_.prefix = shift < 24 ? sequence_.prefix | code << shift : Sequence::kLongPrefix;
 }
 
 // Digits and separators stay in the same state, so a run of them needs no table either.
@@ -151,8 +144,7 @@ const Parser::Byte* Parser::TakeWholeSequence(const Byte* from, const Byte* end,
   if (at == end || *at < 0x40 || *at > 0x7E) return from;
   if (at != from + 2) sequence_.parameters[count++] = value;
   sequence_.count = count;
-  sequence_.marker = 0;
-  sequence_.intermediates = 0;
+  sequence_.prefix = 0;
   sequence_.final = static_cast<char>(*at);
   sink.CsiDispatch(sequence_);
   return at + 1;

@@ -36,7 +36,8 @@ void PrinterPort::StartController(bool vt52) {
 
 std::size_t PrinterPort::Take(std::string_view bytes) {
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    if (TakeOne(bytes[i])) return i + 1;
+    // The owner may have reset the terminal meanwhile.
+    if (TakeOne(bytes[i]) || !controller_) return i + 1;
   }
   return bytes.size();
 }

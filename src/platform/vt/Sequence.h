@@ -12,13 +12,14 @@ namespace quorvel::vt {
 struct Sequence {
   static constexpr std::size_t kMaxParameters = 16;  // VT220: further ones are ignored
   static constexpr int kMaxValue = 65535;            // larger values stay at this one
-  // More than two intermediates belong to no function that is known.
-  static constexpr std::uint16_t kTooManyIntermediates = 0xFFFF;
+  // More characters than fit in `prefix` belong to no function that is known.
+  static constexpr std::uint32_t kLongPrefix = 0xFFFFFFFF;
 
   std::array<int, kMaxParameters> parameters{};
-  std::size_t count = 0;            // of parameters that are there
-  char marker = 0;                  // "<", "=", ">" or "?" in front of the parameters
-  std::uint16_t intermediates = 0;  // the first in the low byte, the second above it
+  std::size_t count = 0;  // of parameters that are there
+  // The private marker ("<", "=", ">" or "?") and the intermediates as they came, the first in the
+  // low byte. 0 when there are none.
+  std::uint32_t prefix = 0;
   char final = 0;
 
   // Parameter `index` as a number from 1 up: absent or 0 is 1.
