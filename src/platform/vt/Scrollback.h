@@ -19,8 +19,8 @@ struct Line {
 
 // The lines that have left the screen at the top, oldest first, up to a limit. A line is stored
 // without its trailing blanks, as runs of equal attributes (8 bytes each, none when all are
-// default) and a byte a character (two where one is outside Latin-1): an 80-column line in one
-// attribute takes at most 40 bytes beyond its text.
+// default) and a byte a character (two where one is outside Latin-1). With the allocator's share an
+// 80-column line in one attribute takes at most 48 bytes beyond its text.
 class Scrollback {
  public:
   static constexpr int kMaxLines = 32767;
