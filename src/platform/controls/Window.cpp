@@ -43,6 +43,10 @@ void Window::Load() {
   const auto keep = shared_from_this();
   stage_ = Stage::Loading;
   peer_ = desktop().backend().MakePeer(*this);
+  for (Control* control : controls_) {
+    if (!control->peer()) control->SetPeer(peer_->MakePeer(*control));
+  }
+  peer_->Built();
   try {
     Form_Load();
   } catch (...) {

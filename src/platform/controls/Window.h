@@ -16,6 +16,9 @@ class WindowPeer {
   virtual ~WindowPeer() = default;
   // Makes the toolkit's half of a control that has been created in the window.
   virtual std::unique_ptr<ControlPeer> MakePeer(Control& control) = 0;
+  // All controls that the window was declared with have their peers: time to lay them out, and to
+  // adopt the size that results.
+  virtual void Built() {}
   virtual void Update(Prop prop) = 0;
   // An entry of the window's menus has changed.
   virtual void UpdateMenu(MenuItem& item) = 0;
