@@ -25,11 +25,11 @@ std::string_view FieldView(std::string_view text, std::string_view delimiter, st
   if (text.empty() || delimiter.empty() || n < 1) return {};
   std::size_t from = 0;
   for (int i = 1; i < n; ++i) {
-    const auto hit = text.find(delimiter, from);
+    const auto hit = FindDelimiter(text, delimiter, from);
     if (hit == npos) return {};
     from = hit + delimiter.size();
   }
-  const auto end = text.find(delimiter, from);
+  const auto end = FindDelimiter(text, delimiter, from);
   if (end != npos) return text.substr(from, end - from);
   return LastField(text.substr(from), delimiter);
 }
@@ -37,7 +37,7 @@ std::string_view FieldView(std::string_view text, std::string_view delimiter, st
 // Some pairs ("ab" by "bbaa") never end and grow, others ("ab" by "ba") take the square of the
 // text. A pair that shrinks the text needs one replacement a character at most; beyond that, no
 // record needs as many as this, nor grows to that size.
-constexpr std::size_t kMostReplacements = std::size_t{1} << 22;
+constexpr std::size_t kMostReplacements = std::size_t{1} << 20;
 constexpr std::size_t kLargestResult = std::size_t{1} << 28;
 
 }  // namespace
@@ -50,7 +50,10 @@ std::int16_t CountOf(std::string_view text, Delimiter delimiter) {
   const std::string_view mark = delimiter;
   if (mark.empty()) throw RuntimeError(Failure::InvalidCall);
   std::int64_t count = 0;
-  for (auto hit = text.find(mark); hit != npos; hit = text.find(mark, hit + mark.size())) ++count;
+  for (auto hit = FindDelimiter(text, mark, 0); hit != npos;
+       hit = FindDelimiter(text, mark, hit + mark.size())) {
+    ++count;
+  }
   return CheckedInt16(count);
 }
 
@@ -215,22 +218,6 @@ std::string ExpandCommandString(std::string_view text) {
   if (state == State::FoundUp) out += "^";
   if (state == State::GetAscii) out += "^[" + acc;
   return out;
-}
-
-Fields::Iterator& Fields::Iterator::operator++() {
-  if (last_) {
-    done_ = true;
-  } else {
-    rest_.remove_prefix(field_.size() + delimiter_.size());
-    Cut();
-  }
-  return *this;
-}
-
-void Fields::Iterator::Cut() {
-  const auto hit = delimiter_.empty() ? npos : rest_.find(delimiter_);
-  last_ = hit == npos;
-  field_ = rest_.substr(0, hit);
 }
 
 }  // namespace quorvel

@@ -56,6 +56,13 @@ std::string ReplaceOf(std::string_view record, std::int16_t attr, std::int16_t v
 // what is malformed stays as it is. RuntimeError for a code above 255.
 std::string ExpandCommandString(std::string_view text);
 
+// Where `delimiter` stands next, at or behind `from`; npos if nowhere. string_view::find looks for
+// a text of one character at two thirds of the speed of a character.
+inline std::size_t FindDelimiter(std::string_view text, std::string_view delimiter,
+                                 std::size_t from) {
+  return delimiter.size() == 1 ? text.find(delimiter[0], from) : text.find(delimiter, from);
+}
+
 // The fields of a text in order, DCountOf of them, walking it once:
 // `for (std::string_view field : Fields(text, AM))`. The text must outlive the loop.
 class Fields {
@@ -73,11 +80,24 @@ class Fields {
     }
     std::string_view operator*() const { return field_; }
     bool IsLast() const { return last_; }
-    Iterator& operator++();
+    Iterator& operator++() {
+      if (last_) {
+        done_ = true;
+      } else {
+        rest_.remove_prefix(field_.size() + delimiter_.size());
+        Cut();
+      }
+      return *this;
+    }
     bool operator==(const Iterator& other) const { return done_ == other.done_; }
 
    private:
-    void Cut();
+    void Cut() {
+      const auto hit =
+          delimiter_.empty() ? std::string_view::npos : FindDelimiter(rest_, delimiter_, 0);
+      last_ = hit == std::string_view::npos;
+      field_ = rest_.substr(0, hit);
+    }
     std::string_view rest_;
     std::string_view delimiter_;
     std::string_view field_;
