@@ -1,11 +1,11 @@
 #pragma once
 
-#include <benchmark/benchmark.h>
-
 #include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
+
+#include <benchmark/benchmark.h>
 
 namespace quorvel::bench {
 

@@ -118,7 +118,7 @@ std::string SwapSlowly(const std::string& from, const std::string& to, std::stri
   for (int i = 0; i < 1000; ++i) {
     const auto hit = text.find(from);
     if (hit == std::string::npos) return text;
-    text = text.substr(0, hit) + to + text.substr(hit + from.size());
+    text.replace(hit, from.size(), to);
   }
   return "does not end";
 }

@@ -23,7 +23,7 @@ class ProfileFile {
   static constexpr std::size_t kLongestValue = 254;
   // Largest file that is read, in bytes. A full configuration (some 150 keys) has 40 KB at most; a
   // file of bare line ends takes about sixty times its size in memory.
-  static constexpr std::size_t kLargestFile = 1024 * 1024;
+  static constexpr std::size_t kLargestFile = std::size_t{1024} * 1024;
 
   // Reads the file. A missing one is empty; so is one that can't be read or is larger than
   // kLargestFile, but that one is never written over.
