@@ -23,7 +23,8 @@ class TransportListener {
 class Transport {
  public:
   virtual ~Transport() = default;
-  // Looks `host` up and connects, without blocking; OnOpened or OnFailed follows.
+  // Looks `host` up and connects, without blocking; OnOpened or OnFailed follows. What was left of
+  // an earlier connection is given up, and reading is on again.
   virtual void Open(const std::string& host, std::uint16_t port, TransportListener& listener) = 0;
   // Sends all of `bytes`; nothing when the connection is not open.
   virtual void Write(std::string_view bytes) = 0;
