@@ -36,7 +36,9 @@ bool TerminalShows(const std::string& text) {
   return false;
 }
 
-bool BoxShows() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr; }
+bool BoxShows() {
+  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+}
 
 void Hands::Click(Control& control) const {
   QTest::mouseClick(backend_.WidgetOf(control), Qt::LeftButton);
@@ -62,6 +64,8 @@ void Hands::Open(const char* option) const {
   Key(Qt::Key_Return);
 }
 
-void Hands::AnswerBox() const { Key(Qt::Key_Return); }
+void Hands::AnswerBox() const {
+  Key(Qt::Key_Return);
+}
 
 }  // namespace quorvel

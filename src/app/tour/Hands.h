@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string>
-
 #include <Qt>
+#include <string>
 
 #include "platform/controls/Desktop.h"
 #include "platform/qt/QtBackend.h"

@@ -1,13 +1,12 @@
 // A session over TCP, the real windows offscreen: login, menus, an option, the terminal, back,
 // log-off, a second session, and the loss of its link.
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
 #include <QProcess>
 #include <QTemporaryDir>
-
 #include <fstream>
+
+#include <gtest/gtest.h>
 
 #include "app/Wiring.h"
 #include "app/tour/Hands.h"
@@ -80,7 +79,8 @@ TEST(SessionOverTcp, TwoSessionsAndALostLink) {
        [&] { user.Click(Form<frmSubMenu>().cmdTcl); }},
       {"", [] { return TerminalShows(">"); }, [&] { user.Type("WHO\r"); }},
       {"", [] { return TerminalShows("demo"); }, [&] { user.Type("\rMENU\r"); }},
-      {"", [] { return MenuShows("Main Menu"); }, [&] { user.Click(Form<frmSubMenu>().cmdLogoff); }},
+      {"", [] { return MenuShows("Main Menu"); },
+       [&] { user.Click(Form<frmSubMenu>().cmdLogoff); }},
       {"", [] { return BoxShows(); }, [&] { user.AnswerBox(); }},
       {"", [] { return SessionOver(); },
        [&] {

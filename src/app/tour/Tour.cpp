@@ -9,7 +9,7 @@ namespace quorvel {
 namespace {
 
 constexpr int kTickMilliseconds = 40;
-constexpr int kTicksToSettle = 5;           // the screen is painted and quiet by then
+constexpr int kTicksToSettle = 5;  // the screen is painted and quiet by then
 constexpr qint64 kLongestWaitMilliseconds = 20'000;
 
 }  // namespace

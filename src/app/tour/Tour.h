@@ -1,12 +1,11 @@
 #pragma once
 
-#include <functional>
-#include <string>
-#include <vector>
-
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <functional>
+#include <string>
+#include <vector>
 
 #include "platform/qt/QtBackend.h"
 

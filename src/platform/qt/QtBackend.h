@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QApplication>
+#include <QObject>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/controls/Backend.h"
+
+class QAction;
+class QMessageBox;
+class QWidget;
+
+namespace quorvel {
+
+class MainShell;
+
+// The real desktop: windows and controls become Qt widgets.
+class QtBackend : public Backend {
+ public:
+  // Takes the place of QApplication: the arguments are those of main().
+  QtBackend(int argc, char** argv);
+  ~QtBackend() override;
+  QtBackend(const QtBackend&) = delete;
+  QtBackend& operator=(const QtBackend&) = delete;
+
+  // Serves events until the program ends; its exit status.
+  int Run();
+
+  // --- for tests and the tour
+  QWidget* WidgetOf(const Control& control) const;
+  QWidget* WidgetOf(const Window& window) const;
+  QAction* ActionOf(const MenuItem& item) const;  // nullptr while its window is not in front
+  // A picture (PNG) of the main window with all that is open above it. False when it can't be
+  // written.
+  bool SaveScreenshot(const std::string& path);
+
+  // --- Backend
+  std::unique_ptr<WindowPeer> MakePeer(Window& window) override;
+  void Wake() override;
+  void ServeToolkit(Serve serve) override;
+  void Quit() override;
+  MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) override;
+  void PopUp(MenuItem& menu) override;
+  void Beep() override;
+  void SetMousePointer(MousePointer pointer) override;
+  ScreenMetrics Screen() override;
+  Application& application() override;
+  CommonDialogs& dialogs() override;
+  Clipboard& clipboard() override;
+  Printer& printer() override;
+  Programs& programs() override;
+  std::unique_ptr<Transport> MakeTransport() override;
+
+ private:
+  struct Services;
+  class Waker;
+
+  int argc_;
+  QApplication app_;
+  std::unique_ptr<Services> services_;
+  std::unique_ptr<Waker> waker_;
+  MainShell* shell_ = nullptr;
+  int twipsPerPixel_ = 15;
+  qint64 lastBeep_ = 0;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+// Between the program's bytes (Windows-1252) and the toolkit's Unicode. The five bytes that the
+// code page leaves undefined stand for the control characters of the same number, so nothing is
+// lost on the way there and back. NUL stays what it is.
+QString ToUnicode(std::string_view bytes);
+
+// Characters outside the code page become "?".
+std::string ToBytes(const QString& text);
+
+// For captions and boxes: cut at kLongestCaption characters, with "..." behind.
+inline constexpr int kLongestCaption = 4000;
+QString ToCaption(std::string_view bytes);
+
+// A file name or path: UTF-8 on the outside, whatever it holds.
+QString PathToUnicode(const std::string& path);
+std::string PathToBytes(const QString& path);
+
+}  // namespace quorvel
