@@ -33,7 +33,7 @@ frmSubMenu::frmSubMenu() : Window(Kind::Child, "frmSubMenu") {
 
 // The window as designed, in twips; the elastic container fits it to the main window.
 void frmSubMenu::DesignLayout() {
-  constexpr double kPoints = 9;
+  constexpr double kPoints = 8;
   Width.Adopt(9600);
   Height.Adopt(6600);
   VideoSoftElastic1.Move(0, 0, 9600, 6600);

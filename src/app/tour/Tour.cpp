@@ -29,6 +29,10 @@ void Tour::Tick() {
   if (readyTicks_ < kTicksToSettle) {
     if (waiting_.elapsed() < kLongestWaitMilliseconds) return;
     std::fprintf(stderr, "tour: step %zu (%s) did not get ready\n", next_ + 1, step.name.c_str());
+    for (const Window* window : desktop().LoadedWindows()) {
+      std::fprintf(stderr, "tour: %s is loaded%s\n", window->Name().c_str(),
+                   window->IsVisible() ? " and visible" : "");
+    }
     TakePicture("stuck");
     return End(1);
   }
@@ -55,7 +59,8 @@ void Tour::TakePicture(const std::string& name) {
 void Tour::End(int status) {
   status_ = status;
   timer_.stop();
-  desktop().EndProcess();
+  // As an event: it may be called from the loop of a dialog.
+  desktop().Handle(EventKind::Program, [] { desktop().EndProcess(); });
 }
 
 }  // namespace quorvel

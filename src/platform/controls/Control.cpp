@@ -1,5 +1,7 @@
 #include "platform/controls/Control.h"
 
+#include <cctype>
+
 #include "platform/controls/Desktop.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/TabStrip.h"
@@ -43,6 +45,15 @@ std::string WithoutMnemonic(const std::string& caption) {
     if (caption[i] != '&' || (i > 0 && caption[i - 1] == '&')) out += caption[i];
   }
   return out;
+}
+
+int MnemonicOf(const std::string& caption) {
+  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != '&') continue;
+    if (caption[i + 1] != '&') return std::toupper(static_cast<unsigned char>(caption[i + 1]));
+    ++i;
+  }
+  return 0;
 }
 
 std::string Control::BareAccessibleName() const {

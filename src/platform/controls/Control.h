@@ -151,4 +151,7 @@ class Control : public Container, public Observed {
 // A label's or button's text without the "&" that marks its mnemonic ("&&" is one "&").
 std::string WithoutMnemonic(const std::string& caption);
 
+// The upper-case letter behind the "&" of a caption; 0 if there is none.
+int MnemonicOf(const std::string& caption);
+
 }  // namespace quorvel

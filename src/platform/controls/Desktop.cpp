@@ -54,6 +54,8 @@ Desktop::Desktop(Backend& backend) : backend_(backend) {
 
 Desktop::~Desktop() {
   queue_.clear();
+  // The main window last: the others lie in it.
+  std::erase_if(forms_, [this](const auto& form) { return form.second.get() != main_; });
   forms_.clear();
   theDesktop = nullptr;
 }

@@ -1,5 +1,7 @@
 #include "platform/controls/Window.h"
 
+#include <cctype>
+
 #include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/SimpleControls.h"
@@ -32,8 +34,12 @@ int Window::ClientHeight() const {
 }
 
 void Window::AdoptFrame(int horizontal, int vertical) {
+  if (horizontal == frameWidth_ && vertical == frameHeight_) return;
   frameWidth_ = horizontal;
   frameHeight_ = vertical;
+  if (visible_ && resized_) {
+    desktop().Handle(EventKind::Program, [this] { ResizeIfVisible(); });
+  }
 }
 
 // --- life
@@ -280,6 +286,10 @@ void Window::UseKey(KeyEvent& key) {
   if (key.code == 0 || active_ != target || !target) return;
   const bool terminal = target->kind() == ControlKind::Terminal;  // all keys are the host's
   if (terminal) return;
+  if (key.shift == kAlt && PressMnemonic(key.code)) {
+    key.code = 0;
+    return;
+  }
   const auto code = static_cast<KeyCode>(key.code);
   const bool plain = (key.shift & (kControl | kAlt)) == 0;
   if (code == KeyCode::Tab && plain) {
@@ -295,6 +305,39 @@ void Window::UseKey(KeyEvent& key) {
       key.code = 0;
     }
   }
+}
+
+// The control that the mnemonic of a caption leads to; nullptr for none.
+Control* Window::FindMnemonic(int code) const {
+  for (Control* control : controls_) {
+    if (!control->Reachable() || MnemonicOf(control->Caption()) != std::toupper(code)) continue;
+    switch (control->kind()) {
+      case ControlKind::Button:
+      case ControlKind::CheckBox:
+      case ControlKind::OptionButton: return control;
+      case ControlKind::Label: {
+        Control* buddy = static_cast<Label*>(control)->Buddy();
+        if (buddy && buddy->Reachable()) return buddy;
+        break;
+      }
+      default: break;
+    }
+  }
+  return nullptr;
+}
+
+bool Window::PressMnemonic(int code) {
+  Control* control = FindMnemonic(code);
+  if (!control) return false;
+  const bool clicks = control->kind() == ControlKind::Button ||
+                      control->kind() == ControlKind::CheckBox ||
+                      control->kind() == ControlKind::OptionButton;
+  if (clicks) {
+    control->UserClick();
+  } else {
+    TravelTo(control);
+  }
+  return true;
 }
 
 void Window::TravelTo(Control* control) {

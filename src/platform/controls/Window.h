@@ -95,6 +95,9 @@ class Window : public Container, public Observed, public std::enable_shared_from
   void UserResize(int width, int height);
   // A key went down in the window. True when it is used up: the toolkit is not to act on it.
   bool UserKeyDown(KeyEvent key);
+  // Whether Alt with this key (code of its upper-case letter) leads to a control of the window. It
+  // goes before the same letter in the menu bar.
+  bool HasMnemonic(int code) const { return FindMnemonic(code) != nullptr; }
   // A character is about to be typed into the active control. The character that is to be typed
   // instead; 0 when it is used up.
   int UserKeyPress(int code);
@@ -134,6 +137,8 @@ class Window : public Container, public Observed, public std::enable_shared_from
   void Close();
   void ResizeIfVisible();
   void UseKey(KeyEvent& key);
+  Control* FindMnemonic(int code) const;
+  bool PressMnemonic(int code);
   void TravelTo(Control* control);
   bool ClickButton(bool (*test)(const class Button&));
 

@@ -67,6 +67,16 @@ MainShell::MainShell(Window& window)
   palette.setColor(QPalette::Window, palette.color(QPalette::Dark));
   client_->setPalette(palette);
   client_->setAutoFillBackground(true);
+  // The menu bar takes its height from the centre without the shell itself changing.
+  centre_->installEventFilter(this);
+}
+
+bool MainShell::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == centre_ && event->type() == QEvent::Resize) {
+    Arrange();
+    TellFrame();
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 void MainShell::TakeSize() {
@@ -102,8 +112,6 @@ void MainShell::TellFrame() {
 
 void MainShell::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  Arrange();
-  TellFrame();
   const QSize whole = frameGeometry().size();
   // The size that the window has asked for, give or take its rounding to pixels, is no news.
   if (ToPixels(window_.Width()) == whole.width() && ToPixels(window_.Height()) == whole.height()) {

@@ -25,6 +25,7 @@ class MainShell : public QMainWindow {
   QAction* ActionOf(const MenuItem& item) const;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

@@ -167,13 +167,23 @@ void WidgetPeer::ShowFocus() {
 bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn && !Mirroring()) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
-        reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason) {
+    // Tab is travelled by the windows; the toolkit gives that reason too when it moves the focus
+    // away from something hidden.
+    if (reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason) {
       control_.UserFocus();
     }
     return false;
   }
-  if (event->type() == QEvent::KeyPress) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    // A letter that leads to a control of the window goes before the same one in the menu bar.
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() == Qt::AltModifier && control_.window().HasMnemonic(key->key())) {
+      event->accept();
+    }
+    return false;
+  }
+  // A key that a widget did not use comes by its parents too; it is taken where the focus is.
+  if (event->type() == QEvent::KeyPress && watched == QApplication::focusWidget()) {
     return TakeKey(control_, *static_cast<QKeyEvent*>(event));
   }
   return QObject::eventFilter(watched, event);

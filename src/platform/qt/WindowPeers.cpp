@@ -1,6 +1,7 @@
 #include "platform/qt/WindowPeers.h"
 
 #include <QCloseEvent>
+#include <QApplication>
 #include <QDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -99,6 +100,7 @@ class ChildPeer : public QtWindowPeer {
       : window_(window),
         shell_(shell),
         widget_(new QWidget(shell ? shell->ClientArea() : nullptr)) {
+    widget_->setPalette(QApplication::palette());  // not the empty client area's
     widget_->setAutoFillBackground(true);
     widget_->hide();
     Name(*widget_, window);
