@@ -36,8 +36,9 @@ bool TerminalShows(const std::string& text) {
   return false;
 }
 
-bool BoxShows() {
-  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+bool BoxShows(const char* text) {
+  const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  return box && box->text().contains(QLatin1String(text));
 }
 
 void Hands::Click(Control& control) const {

@@ -16,8 +16,8 @@ namespace quorvel {
 bool MenuShows(const std::string& title);
 // The terminal is in front and shows this text.
 bool TerminalShows(const std::string& text);
-// A message box is open.
-bool BoxShows();
+// A message box is open whose text holds this.
+bool BoxShows(const char* text = "");
 
 template <class F>
 bool DialogShows() {

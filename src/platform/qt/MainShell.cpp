@@ -63,9 +63,7 @@ MainShell::MainShell(Window& window)
       panels_(new QWidget(centre_)) {
   setCentralWidget(centre_);
   setWindowIcon(PictureIcon("app"));
-  QPalette palette = client_->palette();
-  palette.setColor(QPalette::Window, palette.color(QPalette::Dark));
-  client_->setPalette(palette);
+  client_->setBackgroundRole(QPalette::Dark);
   client_->setAutoFillBackground(true);
   // The menu bar takes its height from the centre without the shell itself changing.
   centre_->installEventFilter(this);

@@ -1,7 +1,6 @@
 #include "platform/qt/WindowPeers.h"
 
 #include <QCloseEvent>
-#include <QApplication>
 #include <QDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -100,7 +99,7 @@ class ChildPeer : public QtWindowPeer {
       : window_(window),
         shell_(shell),
         widget_(new QWidget(shell ? shell->ClientArea() : nullptr)) {
-    widget_->setPalette(QApplication::palette());  // not the empty client area's
+    widget_->setBackgroundRole(QPalette::Window);  // not the empty client area's
     widget_->setAutoFillBackground(true);
     widget_->hide();
     Name(*widget_, window);
