@@ -3,6 +3,10 @@ add_library(quorvel_options INTERFACE)
 target_compile_options(quorvel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
   -Woverloaded-virtual)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # False alarms of g++ 12 about "text" + std::string in optimised builds (GCC bug 105651).
+  target_compile_options(quorvel_options INTERFACE -Wno-restrict -Wno-stringop-overflow)
+endif()
 if(QUORVEL_STRICT)
   target_compile_options(quorvel_options INTERFACE -Werror)
 endif()

@@ -14,8 +14,12 @@ namespace {
 // Where the toolkit sends a key now.
 QWidget* KeyTarget() {
   if (QWidget* popup = QApplication::activePopupWidget()) return popup;
-  if (QWidget* focus = QApplication::focusWidget()) return focus;
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  QWidget* focus = QApplication::focusWidget();
+  QWidget* modal = QApplication::activeModalWidget();
+  if (modal && (!focus || focus->window() != modal)) {
+    return modal->focusWidget() ? modal->focusWidget() : modal;
+  }
+  if (focus) return focus;
   return QApplication::activeWindow();
 }
 
