@@ -1,5 +1,7 @@
 #include "app/tour/Tour.h"
 
+#include <QTimer>
+
 #include <cstdio>
 #include <filesystem>
 
@@ -16,14 +18,19 @@ constexpr qint64 kLongestWaitMilliseconds = 20'000;
 
 Tour::Tour(QtBackend& backend, std::string folder, std::vector<TourStep> steps)
     : backend_(backend), folder_(std::move(folder)), steps_(std::move(steps)) {
-  timer_.setInterval(kTickMilliseconds);
-  QObject::connect(&timer_, &QTimer::timeout, this, [this] { Tick(); });
   waiting_.start();
 }
 
-// The timer also ticks in the loops of dialogs and message boxes, so a step can answer them.
+void Tour::Start() {
+  QTimer::singleShot(kTickMilliseconds, this, [this] { Tick(); });
+}
+
+// A timer of its own for every tick: one that is being served does not fire again, but a step must
+// go on in the loop of a dialog that the step before it has opened.
 void Tour::Tick() {
+  if (ended_) return;
   if (next_ == steps_.size()) return End(0);
+  Start();
   const TourStep& step = steps_[next_];
   readyTicks_ = step.ready() ? readyTicks_ + 1 : 0;
   if (readyTicks_ < kTicksToSettle) {
@@ -58,7 +65,7 @@ void Tour::TakePicture(const std::string& name) {
 
 void Tour::End(int status) {
   status_ = status;
-  timer_.stop();
+  ended_ = true;
   // As an event: it may be called from the loop of a dialog.
   desktop().Handle(EventKind::Program, [] { desktop().EndProcess(); });
 }

@@ -2,7 +2,6 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,7 +24,7 @@ struct TourStep {
 class Tour : public QObject {
  public:
   Tour(QtBackend& backend, std::string folder, std::vector<TourStep> steps);
-  void Start() { timer_.start(); }
+  void Start();
   int ExitStatus() const { return status_; }
 
  private:
@@ -40,7 +39,7 @@ class Tour : public QObject {
   int pictures_ = 0;
   int readyTicks_ = 0;
   int status_ = 1;
-  QTimer timer_;
+  bool ended_ = false;
   QElapsedTimer waiting_;
 };
 
