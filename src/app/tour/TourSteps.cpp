@@ -2,6 +2,9 @@
 
 #include "app/tour/Hands.h"
 #include "app/tour/Tour.h"
+#include "link/SessionState.h"
+#include "link/StartUp.h"
+#include "link/frmConnect.h"
 #include "link/frmPassword.h"
 #include "menus/frmAbout.h"
 #include "menus/frmSubMenu.h"
@@ -12,80 +15,55 @@ namespace quorvel {
 
 std::vector<TourStep> TourSteps(QtBackend& backend) {
   const Hands user(backend);
-  frmSubMenu* (*menu)() = [] { return LoadedForm<frmSubMenu>(); };
-  std::vector<TourStep> steps;
-  const auto step = [&](std::string name, std::function<bool()> ready, std::function<void()> act) {
-    steps.push_back({std::move(name), std::move(ready), std::move(act)});
+  const auto mainMenu = [] { return MenuShows("Main Menu") && !BoxShows(); };
+  const auto open = [user](const char* option) { return [user, option] { user.Open(option); }; };
+  const auto type = [user](const char* text) { return [user, text] { user.Type(text); }; };
+  const auto key = [user](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    return [user, code, modifiers] { user.Key(code, modifiers); };
   };
+  const auto answer = [user] { user.AnswerBox(); };
+  const auto password = [] { return DialogShows<frmPassword>(); };
 
-  step(
-      "main-menu", [] { return MenuShows("Main Menu"); },
-      [=] {
-        user.Key(Qt::Key_Down);
-        user.Key(Qt::Key_Down);
-      });
-  step(
-      "option-selected", [=] { return menu()->lstOptions(0).SelectedIndex() == 2; },
-      [=] { user.Key(Qt::Key_Return); });
-  step(
-      "inquiry-in-the-terminal", [] { return TerminalShows("ustomer"); },
-      [=] { user.Type("C1001\r"); });
-  step(
-      "inquiry-record", [] { return TerminalShows("C1001"); }, [=] { user.Type(".\r"); });
-  step(
-      "", [] { return MenuShows("Main Menu"); }, [=] { user.Open("AR"); });
-  step(
-      "sub-menu", [] { return MenuShows("Customers and Receivables"); },
-      [=] { user.Open("AR.CREDIT.MENU"); });
-  step(
-      "second-sub-menu", [] { return MenuShows("Credit Control"); },
-      [=] { user.Click(menu()->cmdBack); });
-  step(
-      "", [] { return MenuShows("Customers and Receivables"); },
-      [=] { user.Key(Qt::Key_B, Qt::AltModifier); });
-  step(
-      "", [] { return MenuShows("Main Menu"); }, [=] { user.Open("UT.MSGBOX"); });
-  step(
-      "message-box", [] { return BoxShows(); }, [=] { user.AnswerBox(); });
-  step(
-      "", [] { return MenuShows("Main Menu") && !BoxShows(); }, [=] { user.Open("UT.CLOSE"); });
-  step(
-      "password", [] { return DialogShows<frmPassword>(); }, [=] { user.Type("demo"); });
-  step(
-      "password-typed", [] { return DialogShows<frmPassword>(); },
-      [=] { user.Key(Qt::Key_Return); });
-  step(
-      "", [] { return !DialogShows<frmPassword>(); }, [=] { user.Key(Qt::Key_Return); });
-  step(
-      "", [] { return MenuShows("Main Menu"); }, [=] { user.Open("UT.CARD"); });
-  step(
-      "terminal-test-card", [] { return desktop().focus().Front() == LoadedForm<frmTelnet>(); },
-      [=] { user.Key(Qt::Key_Return); });
-  step(
-      "", [] { return MenuShows("Main Menu"); }, [=] { user.Click(menu()->cmdTcl); });
-  step(
-      "command-prompt", [] { return TerminalShows(">"); }, [=] { user.Type("LIST CUSTOMERS\r"); });
-  step(
-      "listing", [] { return TerminalShows("C10"); }, [=] { user.Type("Q\rMENU\r"); });
-  step(
-      "", [] { return MenuShows("Main Menu"); }, [=] { user.Key(Qt::Key_H, Qt::AltModifier); });
-  step(
-      "help-menu", [] { return QApplication::activePopupWidget() != nullptr; },
-      [=] {
-        user.Key(Qt::Key_Escape);
-        menu()->mnuHelpAbout.UserClick();
-      });
-  step(
-      "about", [] { return DialogShows<frmAbout>(); }, [=] { user.Key(Qt::Key_Return); });
-  step(
-      "", [] { return !DialogShows<frmAbout>(); }, [=] { user.Key(Qt::Key_L, Qt::AltModifier); });
-  step(
-      "log-off-question", [] { return BoxShows(); }, [=] { user.AnswerBox(); });
-  step(
-      "after-the-session",
-      [] { return LoadedForm<frmTelnet>() == nullptr && LoadedForm<frmSubMenu>() == nullptr; },
-      nullptr);
-  return steps;
+  // clang-format off
+  return {
+      {"main-menu", mainMenu, type("")},
+      {"", mainMenu, [key] { key(Qt::Key_Down)(); key(Qt::Key_Down)(); }},
+      {"option-selected", mainMenu, key(Qt::Key_Return)},
+      {"inquiry-in-the-terminal", [] { return TerminalShows("ustomer"); }, type("C1001\r")},
+      {"inquiry-record", [] { return TerminalShows("C1001"); }, type(".\r")},
+      {"", mainMenu, open("AR")},
+      {"sub-menu", [] { return MenuShows("Customers and Receivables"); }, open("AR.CREDIT.MENU")},
+      {"second-sub-menu", [] { return MenuShows("Credit Control"); },
+       [user] { user.Click(Form<frmSubMenu>().cmdBack); }},
+      {"", [] { return MenuShows("Customers and Receivables"); },
+       key(Qt::Key_B, Qt::AltModifier)},
+      {"", mainMenu, open("UT.MSGBOX")},
+      {"message-box", [] { return BoxShows("host waits"); }, answer},
+      {"", [] { return BoxShows("second"); }, answer},
+      {"", mainMenu, open("UT.CLOSE")},
+      {"password", password, type("demo")},
+      {"password-typed", password, key(Qt::Key_Return)},
+      {"password-accepted", [] { return BoxShows(); }, answer},
+      {"", mainMenu, open("UT.CARD")},
+      {"terminal-test-card", [] { return TerminalShows("Reverse"); }, key(Qt::Key_Return)},
+      {"", mainMenu, [user] { user.Click(Form<frmSubMenu>().cmdTcl); }},
+      {"command-prompt", [] { return TerminalShows(">"); }, type("LIST CUSTOMERS\r")},
+      {"listing", [] { return TerminalShows("C10"); }, type("Q\r")},
+      {"", [] { return TerminalShows(">"); }, type("MENU\r")},
+      {"", mainMenu, key(Qt::Key_S, Qt::AltModifier)},
+      {"session-menu", [] { return QApplication::activePopupWidget() != nullptr; },
+       [key] { key(Qt::Key_Escape)(); key(Qt::Key_Escape)(); }},
+      {"", mainMenu, [] { Form<frmSubMenu>().mnuHelpAbout.UserClick(); }},
+      {"about", [] { return DialogShows<frmAbout>(); }, key(Qt::Key_Return)},
+      {"", [] { return !DialogShows<frmAbout>(); }, key(Qt::Key_L, Qt::AltModifier)},
+      {"log-off-question", [] { return BoxShows(); }, answer},
+      {"after-the-session",
+       [] { return !LoadedForm<frmTelnet>() && !LoadedForm<frmSubMenu>() && !BoxShows(); },
+       [] { Session().UserId.clear(); desktop().Post(EventKind::Program, [] { StartSession(); }); }},
+      {"connect-dialog", [] { return DialogShows<frmConnect>(); }, key(Qt::Key_Escape)},
+      {"", [] { return !DialogShows<frmConnect>(); }, nullptr},
+  };
+  // clang-format on
 }
 
 }  // namespace quorvel
