@@ -48,6 +48,7 @@ cat >"$work/sample.inf" <<INF
 [TELNET]
 HostName=$address
 TermType=4
+Rows=32
 QuickExit=0
 [LOGIN]
 UserId=demo

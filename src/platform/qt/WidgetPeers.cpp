@@ -210,7 +210,7 @@ class LabelPeer : public WidgetPeer {
     if (prop != Prop::Caption) return;
     Control* buddy = label_.Buddy();
     if (buddy && WidgetOf(*buddy)) Own()->setBuddy(WidgetOf(*buddy));
-    Own()->setText(buddy ? ToCaption(label_.Caption()) : ToCaption(label_.Caption()));
+    Own()->setText(ToCaption(label_.Caption()));
   }
 
  private:
@@ -240,6 +240,10 @@ class LinePeer : public WidgetPeer {
       // The core cuts what is typed; the box would cut what the program sets as well.
       case Prop::PasswordChar:
         Own()->setEchoMode(box_.PasswordChar() ? QLineEdit::Password : QLineEdit::Normal);
+        if (box_.PasswordChar()) {
+          Own()->setStyleSheet(
+              QString("lineedit-password-character: %1").arg(int{box_.PasswordChar()}));
+        }
         return;
       case Prop::Locked:
         Own()->setReadOnly(box_.Locked());

@@ -59,8 +59,7 @@ QWidget* WidgetOf(const Control& control);
 int ToPixels(int twips);
 int ToTwips(int pixels);
 
-// Accessible name and code name of anything that has both.
-void Describe(QObject* object, const std::string& codeName);
+// `text` and, where the environment asks for it, the code name for test tools.
 QString AccessibleDescription(const QString& text, const std::string& codeName);
 
 // The toolkit's font for a control's; an empty name or size 0 is the desktop's own.
