@@ -192,6 +192,7 @@ void Desktop::EndProcess() {
 
 MessageBoxAnswer Desktop::MsgBox(const std::string& text, int style, const std::string& title) {
   CheckEnding();
+  if (!queue_.empty()) backend_.Wake();  // what was held back is served while the box is open
   const Pushed<Context> waiting(contexts_, Context::Wait);
   MessageBoxAnswer answer;
   {
@@ -205,6 +206,7 @@ MessageBoxAnswer Desktop::MsgBox(const std::string& text, int style, const std::
 
 void Desktop::PopupMenu(MenuItem& menu) {
   CheckEnding();
+  if (!queue_.empty()) backend_.Wake();
   const Pushed<Context> waiting(contexts_, Context::Wait);
   backend_.PopUp(menu);
   CheckEnding();
@@ -212,6 +214,7 @@ void Desktop::PopupMenu(MenuItem& menu) {
 
 std::optional<std::string> Desktop::ChooseFile(const FileDialog& dialog) {
   CheckEnding();
+  if (!queue_.empty()) backend_.Wake();
   const Pushed<Context> waiting(contexts_, Context::Wait);
   std::optional<std::string> chosen;
   {
