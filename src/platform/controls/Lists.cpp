@@ -97,15 +97,17 @@ void ListBox::UserPick(int index) {
     return;
   }
   ListIndex.Adopt(index);
+  valid_ = index;
   window().AsUserEvent([this] { Raise(Click); });
 }
 
 void ListBox::PropertyChanged(Prop prop) {
   if (prop == Prop::ListIndex && (ListIndex() < -1 || ListIndex() >= List.Count())) {
-    ListIndex.Adopt(-1);
+    ListIndex.Adopt(valid_);
     throw RuntimeError(Failure::InvalidCall);
   }
   if (prop == Prop::Items && ListIndex() >= List.Count()) ListIndex.Adopt(-1);
+  valid_ = ListIndex();
   Control::PropertyChanged(prop);
 }
 

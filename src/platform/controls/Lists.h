@@ -66,6 +66,9 @@ class ListBox : public Control {
 
   void UserPick(int index);
   void PropertyChanged(Prop prop) override;
+
+ private:
+  int valid_ = -1;  // the ListIndex that a refused one leaves in force
 };
 
 // A list in report view: one column without a heading, each row with a small icon.
