@@ -164,6 +164,9 @@ void Window::PropertyChanged(Prop prop) {
   if (prop == Prop::Height) Height.Adopt(std::clamp(Height(), 0, kLargestSize));
   if (peer_) peer_->Update(prop);
   if (prop == Prop::Width || prop == Prop::Height) ResizeIfVisible();
+  // A toolkit takes its own focus from a window that is disabled.
+  Control* const target = prop == Prop::Enabled && peer_ ? desktop().focus().KeyTarget() : nullptr;
+  if (target && &target->window() == this && target->peer()) target->peer()->ShowFocus();
 }
 
 void Window::ResizeIfVisible() {
