@@ -160,7 +160,8 @@ class ChildPeer : public QtWindowPeer {
 class Dialog : public QDialog {
  public:
   Dialog(Window& window, QWidget* parent) : QDialog(parent), window_(window) {}
-  void reject() override { window_.UserClose(); }
+  // Escape is the window's own business; only the close box closes.
+  void reject() override {}
 
  protected:
   void closeEvent(QCloseEvent* event) override {
