@@ -92,7 +92,7 @@ struct DialogTwo : JournalForm {
   DialogTwo() : JournalForm(Kind::Dialog, "Inner") {}
 };
 
-// The main window, with a panel at its bottom.
+// The main window, with a menu and a panel at its bottom.
 struct Shell : Window {
   Shell() : Window(Kind::Main, "Shell") {
     Width.Adopt(12000), Height.Adopt(9000);
@@ -101,6 +101,7 @@ struct Shell : Window {
     pnlBottom.Height = 825;
   }
   Panel pnlBottom{*this, "pnlBottom"};
+  MenuItem mnuStart{*this, "mnuStart", "&Start"};
   int resized = 0;
 
  protected:
@@ -111,8 +112,7 @@ class BehaviourTest : public ::testing::Test {
  protected:
   BehaviourTest() : user(MakeTestDesktop()) {
     Journal().clear();
-    desktop().SetMain(&TheShell());
-    Do([] { TheShell().Show(); });
+    ShowShell();
   }
   void TearDown() override {
     EXPECT_TRUE(user->AllDone()) << "the program never got to where the user was to act";
@@ -145,6 +145,10 @@ class BehaviourTest : public ::testing::Test {
     UserDoes([&] { user->Click(control); });
   }
 
+  void ShowShell() {
+    desktop().SetMain(&TheShell());
+    Do([] { TheShell().Show(); });
+  }
   // Shows child window One with the keyboard in txtA, and forgets the events of that.
   void ShowOne() {
     Do([] { One().Show(); });

@@ -173,6 +173,7 @@ TEST_F(ControlBehaviour, ListsTellTheRowThatTheUserPicked) {
   EXPECT_EQ(All().lstBox.Text(), "beta");
   EXPECT_EQ(picks(Take(), "lstBox.Click"), 1);
   EXPECT_EQ(FailureOf([&] { All().lstBox.ListIndex = 3; }), 5);
+  EXPECT_EQ(All().lstBox.Text(), "beta") << "a failure changes nothing";
 
   ListView& list = All().lvwList;
   EXPECT_EQ(list.SelectedIndex(), -1);

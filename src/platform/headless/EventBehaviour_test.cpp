@@ -210,7 +210,7 @@ TEST_F(EventBehaviour, TheEndOfTheProcessUnwindsEveryWait) {
     Journal().clear();
     user.reset();  // one desktop at a time
     user = MakeTestDesktop();
-    Do([] { TheShell().Show(); });
+    ShowShell();
     ShowOne();
     const auto end = [] {
       const NoteAtEnd mark("end unwound");

@@ -257,6 +257,7 @@ TEST_F(ClosingBehaviour, CloseBoxEscapeAndEnterPressTheDialogsButtons) {
   Press(KeyCode::Return);
   Press(KeyCode::Escape);
   EXPECT_EQ(Take(), Entries{});
+  Do([] { Dialog().cmdCancel.Cancel = false; });
   UserDoes([&] { user->CloseBox(Dialog()); });
   EXPECT_EQ(Take(), (Entries{"Dialog.QueryUnload", "Dialog.Unload"}));
 }

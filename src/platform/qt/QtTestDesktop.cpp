@@ -41,12 +41,21 @@ bool ServeOnce() {
   return QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
 }
 
-// The real backend, which tells when it is about to sleep or to show something of its own.
+// The real backend, which tells when it is about to sleep or to show something of its own. Input
+// that comes early waits at its door: the toolkit's public test events can't be queued.
 class WatchedBackend : public QtBackend {
  public:
   WatchedBackend() : QtBackend(1, Arguments()) {}
 
+  bool ServeDoor() {
+    if (waiting.empty()) return false;
+    const std::function<void()> input = std::move(waiting.front());
+    waiting.pop_front();
+    input();
+    return true;
+  }
   void ServeToolkit(Serve serve) override {
+    if (serve != Serve::WithoutInput && ServeDoor()) return;
     if (serve == Serve::Waiting) {
       if (ServeOnce()) return;
       if (onIdle) onIdle();
@@ -63,6 +72,7 @@ class WatchedBackend : public QtBackend {
   }
 
   std::function<void()> onIdle, onBox, onPopUp;
+  std::deque<std::function<void()>> waiting;
 };
 
 // What a message box shows, as the program asked for it.
@@ -131,11 +141,7 @@ class QtTestDesktop : public BehaviourTestDesktop {
     PressKey(row->key, (shift & kShift) ? Qt::ShiftModifier : Qt::NoModifier);
   }
   void TypeAhead(const std::string& text) override {
-    for (const char c : text) {
-      const QString typed(QChar::fromLatin1(c));
-      qt_handleKeyEvent(KeyWindow(), QEvent::KeyPress, QTest::asciiToKey(c), {}, typed);
-      qt_handleKeyEvent(KeyWindow(), QEvent::KeyRelease, QTest::asciiToKey(c), {}, typed);
-    }
+    backend_.waiting.push_back([this, text] { Type(text); });
   }
   void ClickMenu(MenuItem& entry) override {
     MenuItem* bar = nullptr;
@@ -151,7 +157,11 @@ class QtTestDesktop : public BehaviourTestDesktop {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (!menu) return;  // something modal is above
     ClickAt(menu, menu->actionGeometry(backend_.ActionOf(entry)).center());
-    if (QApplication::activePopupWidget()) PressKey(Qt::Key_Escape);  // it was grey
+    // A grey entry leaves the menu open: Escape leads to the menu bar, and again out of it.
+    for (int i = 0; i < 2 && InMenus(*menuBar); ++i) {
+      PressKey(Qt::Key_Escape);
+      ActivateAnother();
+    }
   }
   void CloseBox(Window& window) override {
     if (window.kind() == Window::Kind::Child) return window.UserClose();  // it has no frame
@@ -183,7 +193,7 @@ class QtTestDesktop : public BehaviourTestDesktop {
     QElapsedTimer clock;
     clock.start();
     for (int quiet = 0; quiet < 2 && clock.elapsed() < kPatience; ++quiet) {
-      if (ServeOnce()) quiet = 0;
+      if (ServeOnce() || backend_.ServeDoor() || ActivateAnother()) quiet = 0;
     }
     if (desktop_.IsHandling() || desktop_.IsEnding()) return;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -192,6 +202,20 @@ class QtTestDesktop : public BehaviourTestDesktop {
   bool Stalled() const override { return stalled_; }
 
  private:
+  // What a window manager does when the active window goes: another one of the program, a modal one
+  // first, is active. The offscreen platform has none. False when there is nothing to do.
+  static bool ActivateAnother() {
+    if (QApplication::activePopupWidget() || QApplication::activeWindow()) return false;
+    QWidget* next = QApplication::activeModalWidget();
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      if (!next && top->isVisible() && !top->parentWidget()) next = top;
+    }
+    if (next) next->activateWindow();
+    return next != nullptr;
+  }
+  static bool InMenus(const QMenuBar& bar) {
+    return QApplication::activePopupWidget() || bar.hasFocus();
+  }
   static QWindow* KeyWindow() {
     if (QWidget* popup = QApplication::activePopupWidget()) return popup->windowHandle();
     return QGuiApplication::focusWindow();
@@ -215,6 +239,7 @@ class QtTestDesktop : public BehaviourTestDesktop {
   }
 
   void ArmNextAct() {
+    ActivateAnother();
     QTimer::singleShot(0, qApp, [this] {
       if (ActOnce() || desktop_.IsEnding()) return;
       QTimer::singleShot(kPatience, &life_, [this] {
@@ -223,17 +248,34 @@ class QtTestDesktop : public BehaviourTestDesktop {
       });
     });
   }
+  // The box in front, or one below it where two have opened before the user could answer.
+  QMessageBox* NextBox() {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      auto* box = qobject_cast<QMessageBox*>(top);
+      const bool seen = std::find(seen_.begin(), seen_.end(), box) != seen_.end();
+      if (box && box->isVisible() && !seen) return box;
+    }
+    return nullptr;
+  }
   void AnswerShownBox() {
-    const QPointer<QMessageBox> box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    const QPointer<QMessageBox> box = NextBox();
     ASSERT_TRUE(box) << "no message box shows";
+    seen_.push_back(box);
     const BoxAnswer next = NextAnswer(Shown(*box));
     if (next.whileOpen) next.whileOpen();
-    if (!box || !box->isVisible()) return;
     const auto button = next.answer == MessageBoxAnswer::Yes  ? QMessageBox::Yes
                         : next.answer == MessageBoxAnswer::No ? QMessageBox::No
                                                               : QMessageBox::Ok;
+    PressButton(box, button);
+  }
+  // Again and again while another box is above it.
+  void PressButton(const QPointer<QMessageBox>& box, QMessageBox::StandardButton button) {
+    if (!box || !box->isVisible()) return;
     ASSERT_TRUE(box->button(button)) << "the box has no such button";
     ClickAt(box->button(button), QPoint());
+    if (box && box->isVisible()) {
+      QTimer::singleShot(1, &life_, [this, box, button] { PressButton(box, button); });
+    }
   }
   void ClickInPopUp() {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -262,7 +304,9 @@ class QtTestDesktop : public BehaviourTestDesktop {
     const QWidget* focus = QApplication::focusWidget();
     const bool there = focus && (focus == widget || widget->isAncestorOf(focus));
     EXPECT_TRUE(there) << "the keyboard is at " << target->CodeName() << ", the toolkit's focus at "
-                       << (focus ? focus->objectName().toStdString() : "nothing");
+                       << (focus ? std::string(focus->metaObject()->className()) +
+                                       focus->objectName().toStdString()
+                                 : "nothing");
   }
   void CheckMirror(Control& control, const QWidget& top) {
     const QWidget* widget = backend_.WidgetOf(control);
@@ -296,6 +340,7 @@ class QtTestDesktop : public BehaviourTestDesktop {
   WatchedBackend backend_;
   Desktop desktop_;
   QObject life_;  // what is still to happen when the desktop goes does not
+  std::vector<QPointer<QMessageBox>> seen_;
   bool stalled_ = false;
 };
 
