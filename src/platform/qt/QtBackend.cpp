@@ -89,7 +89,10 @@ QtBackend::QtBackend(int argc, char** argv) : argc_(argc), app_(argc_, argv) {
   waker_ = std::make_unique<Waker>();
 }
 
-QtBackend::~QtBackend() = default;
+// The widgets of windows that have just gone are deleted by events; there will be no more turns.
+QtBackend::~QtBackend() {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 int QtBackend::Run() {
   return desktop().IsEnding() ? 0 : QApplication::exec();
