@@ -49,8 +49,8 @@ TEST(Text, EveryByteComesBack) {
 TEST(Text, FollowsWindows1252) {
   // The Unicode consortium's table of the code page.
   EXPECT_EQ(ToUnicode("\x80\x8A\x93\x9F\xA3\xFF"),
-            QString(u"\u20AC\u0160\u201C\u0178\u00A3\u00FF"));
-  EXPECT_EQ(ToBytes(QString(u"\u4E2D\U0001F600x")), "??x");
+            QString::fromUtf16(u"\u20AC\u0160\u201C\u0178\u00A3\u00FF"));
+  EXPECT_EQ(ToBytes(QString::fromUtf16(u"\u4E2D\U0001F600x")), "??x");
   EXPECT_EQ(ToCaption(std::string(kLongestCaption + 5, 'x')).size(), kLongestCaption + 3);
   EXPECT_EQ(ToCaption(std::string("a\0b", 3)), "a b");
 }
