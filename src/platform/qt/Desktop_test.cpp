@@ -81,7 +81,7 @@ TEST(Keyboard, TerminalKeysOfAPcKeyboard) {
   EXPECT_FALSE(ToTerminalKey(QKeyEvent(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier)));
 }
 
-class Listener : public TransportListener {
+class Listener final : public TransportListener {
  public:
   void OnOpened() override { log += "[open]"; }
   void OnBytes(std::string_view bytes) override { log += bytes; }
