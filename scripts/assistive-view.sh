@@ -33,4 +33,4 @@ printf '[TELNET]\nHostName=%s\nQuickExit=0\n[LOGIN]\nUserId=demo\nPwd=demo\n[BUT
 export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QUORVEL_A11Y_IDS=1
 "$quorvel" "$work/sample.inf" >"$work/client.log" 2>&1 &
 client=$!
-python3 "$here/assistive_view.py" "$client" || { cat "$work/client.log" >&2; exit 1; }
+/usr/bin/python3 "$here/assistive_view.py" "$client" || { cat "$work/client.log" >&2; exit 1; }

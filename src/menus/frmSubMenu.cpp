@@ -44,6 +44,8 @@ void frmSubMenu::DesignLayout() {
     list->Font = {"Fixedsys", kPoints + 1};
     list->AccessibleText = "Options of page " + std::to_string(page + 1);
   }
+  tabMenu.AccessibleText = "Pages of the menu";
+  SSFrame1.AccessibleText = "Direct entry";
   SSFrame1.Move(120, 5610, 4080, 810);
   Label1.Caption = "Open:";
   Label1.Move(120, 300, 600, 300);

@@ -45,6 +45,7 @@ mdiMain::mdiMain() : Window(Kind::Main, "mdiMain") {
 
 void mdiMain::BuildButtons() {
   pnlButtons.AlignBottom = true;
+  pnlButtons.AccessibleText = "Command buttons";
   pnlButtons.Visible = false;
   pnlButtons.Move(0, 0, kPanelWidth, kPanelHeight);
   VideoSoftElastic1.Mode = Elastic::kScaleAll;

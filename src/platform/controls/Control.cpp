@@ -59,9 +59,9 @@ int MnemonicOf(const std::string& caption) {
 std::string Control::BareAccessibleName() const {
   std::string name;
   if (label_) name = WithoutMnemonic(label_->Caption());
-  if (name.empty()) name = AccessibleText();
   if (name.empty()) name = WithoutMnemonic(Caption());
   if (name.empty()) name = ToolTipText();
+  if (name.empty()) name = AccessibleText();
   while (!name.empty() && (name.back() == ':' || name.back() == ' ')) name.pop_back();
   return name.empty() ? CodeName() : name;
 }
