@@ -56,6 +56,7 @@ TEST(Text, FollowsWindows1252) {
 }
 
 TEST(Keyboard, TerminalKeysOfAPcKeyboard) {
+  App();  // owns the keyboard device that key events refer to
   struct Case {
     int qt;
     Qt::KeyboardModifiers modifiers;
