@@ -10,6 +10,7 @@
 #include "platform/qt/Pictures.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeers.h"
+#include "platform/qt/WindowPeers.h"
 
 namespace quorvel {
 namespace {
@@ -121,6 +122,11 @@ void MainShell::resizeEvent(QResizeEvent* event) {
 void MainShell::moveEvent(QMoveEvent*) {
   if (ToPixels(window_.Left()) == x() && ToPixels(window_.Top()) == y()) return;
   window_.UserMove(ToTwips(x()), ToTwips(y()));
+}
+
+void MainShell::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange) NoticeTurn(*this, window_);
 }
 
 void MainShell::closeEvent(QCloseEvent* event) {

@@ -173,8 +173,7 @@ void QtBackend::Quit() {
 
 MessageBoxAnswer QtBackend::ShowMessageBox(const MessageBoxRequest& request) {
   const bool yesNo = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kYesNo;
-  QWidget* above = QApplication::activeModalWidget();
-  QMessageBox box(above ? above : shell_);
+  QMessageBox box;
   box.setObjectName("MessageBox");
   box.setAccessibleDescription(AccessibleDescription(QString(), "MessageBox"));
   box.setWindowTitle(ToCaption(request.title));
@@ -186,7 +185,10 @@ MessageBoxAnswer QtBackend::ShowMessageBox(const MessageBoxRequest& request) {
   box.setDefaultButton(yesNo ? QMessageBox::Yes : QMessageBox::Ok);
   box.setEscapeButton(yesNo ? QMessageBox::No : QMessageBox::Ok);
   box.setWindowModality(Qt::ApplicationModal);
+  QWidget* below = QApplication::activeModalWidget();
+  PlaceAbove(below ? below : shell_, box);
   const int answer = box.exec();
+  GiveKeyboardBack();
   if (!yesNo) return MessageBoxAnswer::Ok;
   return answer == QMessageBox::Yes ? MessageBoxAnswer::Yes : MessageBoxAnswer::No;
 }

@@ -19,6 +19,7 @@
 #include "platform/controls/Desktop.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeers.h"
+#include "platform/qt/WindowPeers.h"
 
 namespace quorvel {
 
@@ -66,8 +67,10 @@ int QtDialogs::Exec(QDialog& dialog, const char* name) {
   dialog.setAccessibleDescription(AccessibleDescription(QString(), name));
   const QPointer<QDialog> outer = open_;
   open_ = &dialog;
+  PlaceAbove(QApplication::activeWindow(), dialog);
   const int answer = dialog.exec();
   open_ = outer;
+  GiveKeyboardBack();
   return answer;
 }
 
@@ -77,7 +80,7 @@ void QtDialogs::CloseOpen() {
 
 std::optional<std::string> QtDialogs::ChooseFile(const FileDialog& wanted) {
   const bool open = wanted.purpose == FileDialog::Purpose::Open;
-  QFileDialog dialog(QApplication::activeWindow());
+  QFileDialog dialog;
   dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
   dialog.setFileMode(open && (wanted.flags & FileDialog::kFileMustExist) ? QFileDialog::ExistingFile
                                                                          : QFileDialog::AnyFile);
@@ -98,14 +101,14 @@ std::optional<std::string> QtDialogs::ChooseFile(const FileDialog& wanted) {
 }
 
 std::optional<std::uint32_t> QtDialogs::ChooseColour(std::uint32_t present) {
-  QColorDialog dialog(ToQColor(static_cast<int>(present)), QApplication::activeWindow());
+  QColorDialog dialog(ToQColor(static_cast<int>(present)));
   if (Exec(dialog, "ColourDialog") != QDialog::Accepted) return {};
   const QColor colour = dialog.currentColor();
   return static_cast<std::uint32_t>(colour.red() + 256 * colour.green() + 65536 * colour.blue());
 }
 
 std::optional<quorvel::Font> QtDialogs::ChooseFont(const quorvel::Font& present) {
-  QFontDialog dialog(ToQFont(present), QApplication::activeWindow());
+  QFontDialog dialog(ToQFont(present));
   if (Exec(dialog, "FontDialog") != QDialog::Accepted) return {};
   const QFont font = dialog.currentFont();
   return quorvel::Font{ToBytes(font.family()), font.pointSizeF(), font.bold(), font.italic()};
@@ -113,7 +116,7 @@ std::optional<quorvel::Font> QtDialogs::ChooseFont(const quorvel::Font& present)
 
 bool QtDialogs::ChoosePrinter() {
   auto& printer = static_cast<QtPrinter&>(desktop().backend().printer());
-  QPrintDialog dialog(&printer.Current(), QApplication::activeWindow());
+  QPrintDialog dialog(&printer.Current());
   return Exec(dialog, "PrinterDialog") == QDialog::Accepted;
 }
 

@@ -1,11 +1,14 @@
 #include "platform/qt/WindowPeers.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "platform/controls/Desktop.h"
 #include "platform/controls/SimpleControls.h"
@@ -169,7 +172,10 @@ class Dialog : public QDialog {
     window_.UserClose();
   }
   void moveEvent(QMoveEvent*) override { window_.UserMove(ToTwips(x()), ToTwips(y())); }
-  void changeEvent(QEvent* event) override { QDialog::changeEvent(event); }
+  void changeEvent(QEvent* event) override {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) NoticeTurn(*this, window_);
+  }
 
  private:
   Window& window_;
@@ -299,6 +305,47 @@ std::unique_ptr<WindowPeer> MakeWindowPeer(Window& window, MainShell*& shell) {
       return std::make_unique<DialogPeer>(window, shell);
   }
   return nullptr;
+}
+
+namespace {
+
+// The window that the user meets in a window of the toolkit: in the shell, the child in front.
+Window* MetIn(Window& window) {
+  if (window.kind() != Window::Kind::Main) return &window;
+  const auto& order = desktop().focus().Order();
+  const auto child = std::find_if(order.rbegin(), order.rend(), [](const Window* other) {
+    return other->kind() == Window::Kind::Child && other->IsVisible();
+  });
+  return child == order.rend() ? nullptr : *child;
+}
+
+constexpr int kLasts = 50;  // ms
+
+}  // namespace
+
+void NoticeTurn(QWidget& widget, Window& window) {
+  if (!widget.isActiveWindow()) return;
+  QTimer::singleShot(kLasts, &widget, [&widget, &window] {
+    if (!HasDesktop() || !widget.isActiveWindow() || !window.IsLoaded()) return;
+    Window* met = MetIn(window);
+    if (met && desktop().focus().Front() != met) met->UserActivate();
+  });
+}
+
+void PlaceAbove(QWidget* window, QDialog& box) {
+  if (!window || !window->isVisible()) return;
+  box.winId();  // makes its native half
+  box.windowHandle()->setTransientParent(window->window()->windowHandle());
+  box.move(window->mapToGlobal(window->rect().center()) - QRect({}, box.sizeHint()).center());
+}
+
+void GiveKeyboardBack() {
+  const Window* front = desktop().focus().Front();
+  if (!front || desktop().IsEnding()) return;
+  const QWidget* modal = QApplication::activeModalWidget();
+  if (modal && modal != WidgetOf(*front)) return;  // another box is open below
+  const Control* control = front->ActiveControl();
+  if (control && control->peer()) control->peer()->ShowFocus();
 }
 
 QWidget* WidgetOf(const Window& window) {
