@@ -30,7 +30,8 @@ class BehaviourTestDesktop {
   virtual void TypeAhead(const std::string& text) = 0;
   virtual void ClickMenu(MenuItem& entry) = 0;
   virtual void CloseBox(Window& window) = 0;
-  virtual void BringForward(Window& window) = 0;
+  // Turns to a window by the desktop's own means: its title bar, the task bar.
+  virtual void TurnTo(Window& window) = 0;
   virtual void PickItem(ComboBox& box, int row) = 0;  // from 0
   virtual void PickRow(ListBox& list, int row) = 0;   // from 0
   virtual void PickRow(ListView& list, int row) = 0;  // from 1
@@ -41,8 +42,10 @@ class BehaviourTestDesktop {
   virtual bool Stalled() const = 0;
 
   // --- what the user will do while the program waits, oldest first
-  // One act for each time a wait or modal window has nothing to serve.
-  void Meanwhile(std::function<void()> act) { acts_.push_back(std::move(act)); }
+  // One act for each time a wait or modal window has nothing to serve; a real user takes a while.
+  void Meanwhile(std::function<void()> act, int milliseconds = 0) {
+    acts_.push_back({milliseconds, std::move(act)});
+  }
   // The answer to the next message box (without it: its first button), after doing `whileOpen`.
   void AnswerBox(MessageBoxAnswer answer, std::function<void()> whileOpen = {}) {
     answers_.push_back({answer, std::move(whileOpen)});
@@ -60,12 +63,14 @@ class BehaviourTestDesktop {
     std::function<void()> whileOpen;
   };
 
+  // How long the user takes for the next act.
+  int NextActIn() const { return acts_.empty() ? 0 : acts_.front().milliseconds; }
   // Does the next act; false when none is left.
   bool ActOnce() {
     if (acts_.empty()) return false;
-    const std::function<void()> act = std::move(acts_.front());
+    const Act next = std::move(acts_.front());
     acts_.pop_front();
-    act();
+    next.act();
     return true;
   }
   // How to answer the box that shows now.
@@ -82,7 +87,11 @@ class BehaviourTestDesktop {
   MenuItem* TakePopUpChoice() { return std::exchange(popUpChoice_, nullptr); }
 
  private:
-  std::deque<std::function<void()>> acts_;
+  struct Act {
+    int milliseconds;
+    std::function<void()> act;
+  };
+  std::deque<Act> acts_;
   std::deque<BoxAnswer> answers_;
   MenuItem* popUpChoice_ = nullptr;
 };

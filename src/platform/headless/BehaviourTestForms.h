@@ -75,7 +75,7 @@ class JournalForm : public Window {
   }
 };
 
-// Two child windows of the shell, and two dialogs.
+// Two child windows of the shell, side by side, and two dialogs.
 struct FormOne : JournalForm {
   FormOne() : JournalForm(Kind::Child, "One") { Width.Adopt(6000), Height.Adopt(4000); }
   MenuItem mnuFile{*this, "mnuFile", "&File"};
@@ -83,7 +83,9 @@ struct FormOne : JournalForm {
   MenuItem mnuFileGrey{mnuFile, "mnuFileGrey", "&Grey"};
 };
 struct FormTwo : JournalForm {
-  FormTwo() : JournalForm(Kind::Child, "Two") { Width.Adopt(6000), Height.Adopt(4000); }
+  FormTwo() : JournalForm(Kind::Child, "Two") {
+    Left.Adopt(6000), Width.Adopt(6000), Height.Adopt(4000);
+  }
 };
 struct DialogOne : JournalForm {
   DialogOne() : JournalForm(Kind::Dialog, "Dialog") {}

@@ -1,5 +1,6 @@
 // Events, waits and yields; run-time failures; the end of the process.
 
+#include <ctime>
 #include <new>
 
 #include "platform/headless/BehaviourTestForms.h"
@@ -143,6 +144,17 @@ TEST_F(EventBehaviour, WaitsNest) {
   EXPECT_EQ(Take(), (Entries{"inner begins", "inner may end", "inner ends", "outer ends"}));
   // A condition that is false already waits for nothing.
   Do([] { desktop().WaitWhile([] { return false; }); });
+}
+
+TEST_F(EventBehaviour, AWaitSleeps) {
+  constexpr int kWait = 500;  // ms
+  ShowOne();
+  bool waiting = true;
+  user->Meanwhile([&] { waiting = false; }, kWait);
+  const std::clock_t before = std::clock();
+  Do([&] { desktop().WaitWhile([&] { return waiting; }); });
+  const double used = 1000.0 * static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC;
+  EXPECT_LT(used, kWait / 4) << "ms of processor time";
 }
 
 TEST_F(EventBehaviour, FailuresEndInOneBoxAndTheSessionGoesOn) {

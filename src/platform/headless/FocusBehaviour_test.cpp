@@ -287,11 +287,11 @@ TEST_F(FocusBehaviour, SetFocusAcrossChildWindowsBringsTheirsToTheFront) {
     EXPECT_EQ(desktop().focus().Front(), &One());
   });
   EXPECT_EQ(Take(), (Entries{"One.Activate", "One.txtC.GotFocus"}));
-  // By the user's hand, to the control that the window was left at.
-  UserDoes([&] { user->BringForward(Two()); });
-  EXPECT_EQ(Take(), (Entries{"Two.Activate", "Two.txtA.GotFocus"}));
+  // By the user's hand.
+  Click(Two().txtB);
+  EXPECT_EQ(Take(), (Entries{"Two.Activate", "Two.txtB.GotFocus"}));
   Type("x");
-  EXPECT_EQ(Two().txtA.Text(), "x");
+  EXPECT_EQ(Two().txtB.Text(), "x");
   // An Activate that gives the keyboard to a control gives it once.
   One().onActivate = [] { One().txtB.SetFocus(); };
   Do([] { One().Show(); });
@@ -299,7 +299,44 @@ TEST_F(FocusBehaviour, SetFocusAcrossChildWindowsBringsTheirsToTheFront) {
   // When the one in front goes, the one below is there.
   Do([] { One().Hide(); });
   EXPECT_EQ(desktop().focus().Front(), &Two());
-  EXPECT_EQ(KeyTarget(), "Two.txtA");
+  EXPECT_EQ(KeyTarget(), "Two.txtB");
+}
+
+TEST_F(FocusBehaviour, TheUserTurnsBetweenAWindowAndItsDialog) {
+  ShowOne();
+  Do([] { Dialog().Show(); });
+  Take();
+  UserDoes([&] { user->TurnTo(One()); });
+  EXPECT_EQ(Take(), (Entries{"One.Activate", "One.txtA.GotFocus"}));
+  Type("a");
+  UserDoes([&] { user->TurnTo(Dialog()); });
+  EXPECT_EQ(Take(), (Entries{"Dialog.Activate", "Dialog.txtA.GotFocus"}));
+  UserDoes([&] { user->TurnTo(Dialog()); });  // from another program, say
+  // A box above a dialog gives the keyboard back to the dialog.
+  Do([] { desktop().MsgBox("?"); });
+  Type("d");
+  EXPECT_EQ(Take(), Entries{});
+  EXPECT_EQ(One().txtA.Text() + Dialog().txtA.Text(), "ad");
+}
+
+TEST_F(FocusBehaviour, MnemonicsLeadToTheirControls) {
+  constexpr auto key = [](char letter) { return static_cast<KeyCode>(letter); };
+  Label lblUser(One(), "lblUser");
+  lblUser.Caption = "&User:";
+  lblUser.StandsFor(One().txtC);
+  One().cmdOK.Caption = "&Go";
+  One().cmdCancel.Caption = "R&&D";
+  ShowOne();
+  Press(key('U'), kAlt);
+  EXPECT_EQ(Take(), Entries{"One.txtC.GotFocus"});
+  Press(key('G'), kAlt);
+  EXPECT_EQ(Take(), (Entries{"One.cmdOK.GotFocus", "One.cmdOK.Click"}));
+  Press(key('D'), kAlt);
+  EXPECT_EQ(Take(), Entries{}) << "an ampersand, not a mnemonic";
+  Do([] { One().cmdOK.Enabled = false; });
+  Take();
+  Press(key('G'), kAlt);
+  EXPECT_EQ(Take(), Entries{});
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ class HeadlessTestDesktop : public BehaviourTestDesktop {
   }
   void ClickMenu(MenuItem& entry) override { entry.UserClick(); }
   void CloseBox(Window& window) override { window.UserClose(); }
-  void BringForward(Window& window) override { window.UserActivate(); }
+  void TurnTo(Window& window) override { window.UserActivate(); }
   void PickItem(ComboBox& box, int row) override { box.UserPick(row); }
   void PickRow(ListBox& list, int row) override { list.UserPick(row); }
   void PickRow(ListView& list, int row) override { list.UserPick(row); }

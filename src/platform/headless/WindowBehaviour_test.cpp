@@ -100,7 +100,7 @@ TEST_F(ModalBehaviour, WhatIsBelowTakesNoInput) {
     user->Click(One().cmdOK);
     user->ClickMenu(One().mnuFileRun);
     user->CloseBox(One());
-    user->BringForward(One());
+    user->TurnTo(One());
   });
   // The program may still work down there; the keyboard stays with the modal window.
   user->Meanwhile([] {
@@ -198,13 +198,17 @@ TEST_F(ClosingBehaviour, AWindowLivesUntilItsOwnEventHasReturned) {
     desktop().MsgBox("?");
     Note(form->txtA.Text());
   };
-  Do([] { Dialog().Show(); });
-  Take();
+  user->Meanwhile([&] { user->Click(Dialog().cmdOK); });
   user->AnswerBox(MessageBoxAnswer::Ok,
                   [&] { Do([] { EXPECT_TRUE(Dialog().Unload()); }, EventKind::Receive); });
-  Click(Dialog().cmdOK);
-  EXPECT_EQ(Take(), (Entries{"Dialog.cmdOK.GotFocus", "Dialog.QueryUnload", "Dialog.Unload",
-                             "gone behind the box"}));
+  Do([] {
+    Dialog().ShowModal();
+    Note("handler done");
+  });
+  const Entries entries = Take();
+  EXPECT_EQ(
+      Entries(entries.end() - 4, entries.end()),
+      (Entries{"Dialog.QueryUnload", "Dialog.Unload", "gone behind the box", "handler done"}));
   EXPECT_EQ(LoadedForm<DialogOne>(), nullptr);
 }
 

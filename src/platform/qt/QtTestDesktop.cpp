@@ -27,6 +27,7 @@ namespace quorvel {
 namespace {
 
 constexpr int kPatience = 5000;  // ms without any event until a wait counts as stalled
+constexpr int kTurned = 150;  // ms until the program has noticed that the user turned to a window
 
 // The command line of the program. The tests need no display, unless one is asked for.
 char** Arguments() {
@@ -135,9 +136,14 @@ class QtTestDesktop : public BehaviourTestDesktop {
     }
   }
   void Press(KeyCode key, int shift) override {
+    const int code = static_cast<int>(key);
+    if (code >= 'A' && code <= 'Z') {
+      ASSERT_EQ(shift, kAlt) << "letters are for Type";
+      return PressKey(static_cast<Qt::Key>(code), Qt::AltModifier);
+    }
     const auto row = std::find_if(std::begin(kKeys), std::end(kKeys),
                                   [key](const KeyRow& known) { return known.code == key; });
-    ASSERT_NE(row, std::end(kKeys)) << "no such key here: " << static_cast<int>(key);
+    ASSERT_NE(row, std::end(kKeys)) << "no such key here: " << code;
     PressKey(row->key, (shift & kShift) ? Qt::ShiftModifier : Qt::NoModifier);
   }
   void TypeAhead(const std::string& text) override {
@@ -167,12 +173,9 @@ class QtTestDesktop : public BehaviourTestDesktop {
     if (window.kind() == Window::Kind::Child) return window.UserClose();  // it has no frame
     backend_.WidgetOf(window)->close();
   }
-  void BringForward(Window& window) override {
-    // A click beside its controls; a child that is covered is reached by the keyboard's window
-    // list, which is the program's own business.
-    if (window.kind() == Window::Kind::Child) return window.UserActivate();
-    QWidget* widget = backend_.WidgetOf(window);
-    ClickAt(widget, QPoint(2, 2));
+  void TurnTo(Window& window) override {
+    backend_.WidgetOf(window)->window()->activateWindow();
+    QTest::qWait(kTurned);
   }
   void PickItem(ComboBox& box, int row) override {
     QWidget* widget = backend_.WidgetOf(box);
@@ -240,7 +243,7 @@ class QtTestDesktop : public BehaviourTestDesktop {
 
   void ArmNextAct() {
     ActivateAnother();
-    QTimer::singleShot(0, qApp, [this] {
+    QTimer::singleShot(NextActIn(), qApp, [this] {
       if (ActOnce() || desktop_.IsEnding()) return;
       QTimer::singleShot(kPatience, &life_, [this] {
         stalled_ = true;
