@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <random>
 #include <string>
 
 #include "app/Wiring.h"
@@ -23,10 +24,10 @@ namespace quorvel {
 class TestFolder {
  public:
   TestFolder() {
-    static int count = 0;
+    // Tests run side by side, in processes that look alike.
+    std::random_device random;
     path_ = std::filesystem::temp_directory_path() /
-            ("quorvel-test-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + "-" +
-             std::to_string(++count));
+            ("quorvel-test-" + std::to_string(random()) + "-" + std::to_string(random()));
     std::filesystem::remove_all(path_);
     std::filesystem::create_directories(path_);
   }

@@ -1,6 +1,6 @@
 // What only the real desktop does: the code page, the keyboard, sockets, other running copies.
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QProcess>
@@ -18,11 +18,12 @@
 namespace quorvel {
 namespace {
 
-QCoreApplication& App() {
+QGuiApplication& App() {
   static int argc = 1;
   static char name[] = "test";
   static char* argv[] = {name, nullptr};
-  static QCoreApplication app(argc, argv);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  static QGuiApplication app(argc, argv);
   return app;
 }
 
