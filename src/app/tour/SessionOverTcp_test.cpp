@@ -54,6 +54,7 @@ TEST(SessionOverTcp, TwoSessionsAndALostLink) {
   QTemporaryDir folder;
   ASSERT_TRUE(folder.isValid());
   qputenv("QUORVEL_HOME", folder.path().toLocal8Bit());
+  qputenv("QT_QPA_PLATFORM", "offscreen");
   SampleHost host(folder.path());
   ASSERT_FALSE(host.Address().empty());
   const std::string configuration = folder.filePath("test.inf").toStdString();
