@@ -17,9 +17,9 @@ constexpr std::size_t kGoOnBelow = 1024 * 1024;
 TelnetControl::TelnetControl(Window& owner)
     : owner_(owner), telnet_(desktop().backend().MakeTransport()) {
   telnet_.onConnect = [this] {
-    desktop().Post(EventKind::Receive, [this, keep = owner_.weak_from_this()] {
+    desktop().Post(EventKind::Receive, [this, session = session_, keep = owner_.weak_from_this()] {
       const auto alive = keep.lock();
-      if (alive && ConnectEvent) ConnectEvent();
+      if (alive && session == session_ && ConnectEvent) ConnectEvent();
     });
   };
   telnet_.onData = [this](std::string_view data) {
@@ -35,15 +35,17 @@ TelnetControl::TelnetControl(Window& owner)
     if (OptionEvent) OptionEvent(command, option);
   };
   telnet_.onFailed = [this](const std::string& where, const std::string& reason) {
-    desktop().Post(EventKind::Receive, [this, where, reason, keep = owner_.weak_from_this()] {
-      const auto alive = keep.lock();
-      if (alive && FailEvent) FailEvent(where, reason);
-    });
+    desktop().Post(EventKind::Receive,
+                   [this, where, reason, session = session_, keep = owner_.weak_from_this()] {
+                     const auto alive = keep.lock();
+                     if (alive && session == session_ && FailEvent) FailEvent(where, reason);
+                   });
   };
 }
 
 void TelnetControl::Connect(const std::string& host) {
   if (telnet_.State() != Telnet::Connection::Closed) return;
+  ++session_;
   blocks_.Clear();
   ended_ = false;
   telnet_.Connect(host);
@@ -51,6 +53,7 @@ void TelnetControl::Connect(const std::string& host) {
 
 void TelnetControl::Close() {
   const bool wasUp = State() == kConnected;
+  ++session_;
   telnet_.Close();
   blocks_.Clear();
   if (wasUp) PostEnd();

@@ -47,8 +47,9 @@ class TelnetControl {
   Window& owner_;
   Telnet telnet_;
   BlockQueue blocks_;
-  bool posted_ = false;  // a delivery is on its way
-  bool ended_ = false;   // the peer has closed: the empty block follows the last one
+  unsigned session_ = 0;  // counts connects and closes: an event in flight may be of an older one
+  bool posted_ = false;   // a delivery is on its way
+  bool ended_ = false;    // the peer has closed: the empty block follows the last one
 };
 
 }  // namespace quorvel
