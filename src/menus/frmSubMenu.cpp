@@ -144,10 +144,15 @@ void frmSubMenu::BuildMenu() {
   const int tabs = static_cast<int>(menu.TabNames.size());
   const bool hidden = tabMenu.Visible();
   if (hidden) tabMenu.Visible = false;
-  tabMenu.TabsPerRow = tabs;
-  ShowPages(tabs);
-  for (int page = 0; page < tabs; ++page) {
-    FillPage(page, menu.TabNames[static_cast<std::size_t>(page)], menu);
+  try {
+    tabMenu.TabsPerRow = tabs;
+    ShowPages(tabs);
+    for (int page = 0; page < tabs; ++page) {
+      FillPage(page, menu.TabNames[static_cast<std::size_t>(page)], menu);
+    }
+  } catch (const RuntimeError&) {
+    if (hidden) tabMenu.Visible = true;  // more tabs than pages: the next menu must be seen
+    throw;
   }
   if (hidden) tabMenu.Visible = true;
   tabMenu.Tab = 0;
@@ -304,7 +309,12 @@ void StartMenu() {
   frmSubMenu& window = desktop().FormObject<frmSubMenu>();
   const auto keep = window.shared_from_this();
   if (s.MenuLoaded == 0) {
-    window.Show();
+    try {
+      window.Show();
+    } catch (const RuntimeError&) {
+      window.Unload();  // half built: the next menu begins anew
+      throw;
+    }
     window.lblWho.Caption = who;
     desktop().Yield();
     window.FitMenuWindow();
