@@ -4,84 +4,113 @@
 #include <QDir>
 #include <QLocalSocket>
 #include <QStandardPaths>
+#include <QUuid>
 
 namespace quorvel {
 namespace {
 
-constexpr int kAnswerMilliseconds = 500;
-constexpr qint64 kLongestTitle = 4096;  // bytes; longer requests are none of ours
-const QString kPrefix = QStringLiteral("quorvel-copy-");
+constexpr int kPatience = 1000;         // milliseconds for a copy to answer
+constexpr qint64 kLongestTitle = 4096;  // bytes; a longer request is none of ours
+const char kYes[] = "yes";
+const char kNo[] = "no";
 
-// Asks the copy at `path` whether it has `title`: "yes" (and it has come to the front), "no", or
-// empty when nobody answers.
-QByteArray AskCopy(const QString& path, const QString& title) {
-  QLocalSocket socket;
-  socket.connectToServer(path);
-  if (!socket.waitForConnected(kAnswerMilliseconds)) return {};
-  socket.write(title.toUtf8() + '\n');
-  while (!socket.canReadLine() && socket.waitForReadyRead(kAnswerMilliseconds)) {
-  }
-  return socket.readLine().trimmed();
+QString RegistryFolder() {
+  QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+  if (folder.isEmpty()) folder = QDir::homePath();
+  folder += QStringLiteral("/quorvel-copies");
+  QDir().mkpath(folder);
+  QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  return folder;
+}
+
+// Where the copy that is entered as `name` listens: local sockets are files on Unix, and have a
+// space of names of their own on Windows.
+QString AddressOf(const QString& folder, const QString& name) {
+#ifdef Q_OS_WIN
+  Q_UNUSED(folder);
+  return name;
+#else
+  return folder + '/' + name + QStringLiteral(".socket");
+#endif
 }
 
 }  // namespace
 
 CopyRegistry::CopyRegistry(std::function<QString()> title, std::function<void()> raise)
-    : title_(std::move(title)), raise_(std::move(raise)) {
+    : title_(std::move(title)),
+      raise_(std::move(raise)),
+      folder_(RegistryFolder()),
+      name_(QUuid::createUuid().toString(QUuid::Id128).left(16)) {
   server_.setSocketOptions(QLocalServer::UserAccessOption);
   connect(&server_, &QLocalServer::newConnection, this, [this] { Answer(); });
-  server_.listen(Folder() + "/" + kPrefix + QString::number(QCoreApplication::applicationPid()));
+  if (!server_.listen(AddressOf(folder_, name_))) return;  // nobody will find us; all else works
+  QFile entry(folder_ + '/' + name_ + QStringLiteral(".copy"));
+  entry.open(QIODevice::WriteOnly);
 }
 
 CopyRegistry::~CopyRegistry() {
   server_.close();
+  QFile::remove(folder_ + '/' + name_ + QStringLiteral(".copy"));
 }
 
-// A folder that only this user can enter.
-QString CopyRegistry::Folder() {
-  QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  if (folder.isEmpty()) folder = QDir::tempPath();
-  return folder;
+// Addresses of the copies that are running, this one left out.
+QStringList CopyRegistry::Others() const {
+  QStringList running;
+  const QDir folder(folder_);
+  for (const QString& file : folder.entryList({QStringLiteral("*.copy")}, QDir::Files)) {
+    const QString name = file.chopped(5);
+    if (name == name_) continue;
+    const QString address = AddressOf(folder_, name);
+    QLocalSocket probe;
+    probe.connectToServer(address);
+    const bool lives = probe.waitForConnected(kPatience) ||
+                       (probe.error() != QLocalSocket::ConnectionRefusedError &&
+                        probe.error() != QLocalSocket::ServerNotFoundError);
+    if (lives) {
+      running << address;
+    } else {  // left behind by a copy that was killed
+      QLocalServer::removeServer(address);
+      QFile::remove(folder.filePath(file));
+    }
+  }
+  return running;
 }
 
 bool CopyRegistry::OtherCopyRuns() const {
-  const QDir folder(Folder());
-  const QDir::Filters kinds = QDir::System | QDir::Files;
-  for (const QString& name : folder.entryList({kPrefix + "*"}, kinds)) {
-    const QString path = folder.filePath(name);
-    if (path == server_.fullServerName()) continue;
-    QLocalSocket socket;
-    socket.connectToServer(path);
-    if (socket.waitForConnected(kAnswerMilliseconds)) return true;
-    QLocalServer::removeServer(path);  // left behind by a copy that was killed
-  }
-  return false;
+  return !Others().isEmpty();
 }
 
 bool CopyRegistry::Activate(const QString& title) const {
-  const QDir folder(Folder());
-  for (const QString& name : folder.entryList({kPrefix + "*"}, QDir::System | QDir::Files)) {
-    const QString path = folder.filePath(name);
-    if (path != server_.fullServerName() && AskCopy(path, title) == "yes") return true;
+  for (const QString& address : Others()) {
+    QLocalSocket socket;
+    socket.connectToServer(address);
+    if (!socket.waitForConnected(kPatience)) continue;
+    socket.write(title.toUtf8().replace('\n', ' ') + '\n');
+    while (!socket.canReadLine() && socket.waitForReadyRead(kPatience)) {
+    }
+    if (socket.readLine().trimmed() == kYes) return true;
   }
   return false;
 }
 
 void CopyRegistry::Answer() {
-  QLocalSocket* socket = server_.nextPendingConnection();
-  connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-  const auto read = [this, socket] {
-    if (!socket->canReadLine()) {
-      if (socket->bytesAvailable() > kLongestTitle) socket->abort();
-      return;
-    }
-    const bool ours = QString::fromUtf8(socket->readLine()).trimmed() == title_().trimmed();
-    socket->write(ours ? "yes\n" : "no\n");
-    socket->flush();
-    if (ours) raise_();
-  };
-  connect(socket, &QLocalSocket::readyRead, this, read);
-  read();
+  while (QLocalSocket* socket = server_.nextPendingConnection()) {
+    socket->setReadBufferSize(kLongestTitle);
+    connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    const auto read = [this, socket] {
+      if (!socket->canReadLine()) {
+        if (socket->bytesAvailable() >= kLongestTitle) socket->abort();
+        return;
+      }
+      const QString wanted = QString::fromUtf8(socket->readLine()).chopped(1);
+      const bool ours = wanted == title_().replace('\n', ' ');
+      socket->write(QByteArray(ours ? kYes : kNo) + '\n');
+      socket->flush();
+      if (ours) raise_();
+    };
+    connect(socket, &QLocalSocket::readyRead, this, read);
+    if (socket->bytesAvailable() > 0) read();
+  }
 }
 
 }  // namespace quorvel

@@ -1,7 +1,7 @@
 // What only the real desktop does: the code page, the keyboard, sockets, other running copies.
 
-#include <QGuiApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QProcess>
 #include <QTcpServer>
@@ -18,14 +18,22 @@
 namespace quorvel {
 namespace {
 
-QGuiApplication& App() {
-  static int argc = 1;
-  static char name[] = "test";
-  static char* argv[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QGuiApplication app(argc, argv);
-  return app;
-}
+// The application object that all of it needs; gone before the toolkit's own statics are.
+class App : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    app_ = std::make_unique<QGuiApplication>(argc_, argv_);
+  }
+  void TearDown() override { app_.reset(); }
+
+ private:
+  int argc_ = 1;
+  char name_[5] = "test";
+  char* argv_[2] = {name_, nullptr};
+  std::unique_ptr<QGuiApplication> app_;
+};
+const auto* const theApp = ::testing::AddGlobalTestEnvironment(new App);
 
 // Serves events until `done` or the time is over.
 bool Wait(const std::function<bool()>& done) {
@@ -57,7 +65,6 @@ TEST(Text, FollowsWindows1252) {
 }
 
 TEST(Keyboard, TerminalKeysOfAPcKeyboard) {
-  App();  // owns the keyboard device that key events refer to
   struct Case {
     int qt;
     Qt::KeyboardModifiers modifiers;
@@ -93,7 +100,6 @@ class Listener final : public TransportListener {
 };
 
 TEST(Transport, BothWaysAndTheEnd) {
-  App();
   for (const auto address : {QHostAddress::LocalHost, QHostAddress::LocalHostIPv6}) {
     QTcpServer server;
     if (!server.listen(QHostAddress(address))) continue;  // a machine without IPv6
@@ -123,7 +129,6 @@ TEST(Transport, BothWaysAndTheEnd) {
 }
 
 TEST(Transport, ARefusedConnectionFailsOnce) {
-  App();
   QTcpServer server;
   ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
   const quint16 port = server.serverPort();
@@ -135,7 +140,6 @@ TEST(Transport, ARefusedConnectionFailsOnce) {
 }
 
 TEST(Transport, NothingIsHeardAfterClose) {
-  App();
   QTcpServer server;
   ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
   Listener listener;
@@ -153,7 +157,6 @@ TEST(CopyRegistry, FindsAndCallsAnotherProcess) {
   QTemporaryDir folder;
   ASSERT_TRUE(folder.isValid());
   qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
-  App();
   const CopyRegistry here([] { return QString("Quorvel GUI - here.inf"); }, [] {});
   EXPECT_FALSE(here.OtherCopyRuns());
 

@@ -1,11 +1,9 @@
 #include "platform/qt/Keyboard.h"
 
-#include <QCoreApplication>
-#include <QWidget>
+#include <algorithm>
+#include <iterator>
 
-#include "platform/controls/Desktop.h"
 #include "platform/qt/Text.h"
-#include "platform/qt/WidgetPeers.h"
 
 namespace quorvel {
 namespace {
@@ -35,72 +33,121 @@ constexpr KeyRow kKeys[] = {
     {Qt::Key_NumLock, KeyCode::NumLock},
 };
 
-bool IsModifier(int key) {
-  return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
-         key == Qt::Key_Meta || key == Qt::Key_AltGr || key == Qt::Key_CapsLock;
+// What every other key has: none of the classic numbers, and not 0, which is a key used up.
+constexpr int kOtherKey = 255;
+
+// A key of the keypad: what it is with Num Lock, what without, and what a terminal has there.
+struct PadRow {
+  int qt;
+  int unlocked;
+  int code;
+  std::optional<vt::Key> terminal;
+};
+
+constexpr int PadCode(int digit) {
+  return static_cast<int>(KeyCode::Numpad0) + digit;
+}
+
+// "*", "/" and "+" are no keys of a VT220's keypad and type themselves.
+constexpr PadRow kPad[] = {
+    {Qt::Key_0, Qt::Key_Insert, PadCode(0), vt::Key::Keypad0},
+    {Qt::Key_1, Qt::Key_End, PadCode(1), vt::Key::Keypad1},
+    {Qt::Key_2, Qt::Key_Down, PadCode(2), vt::Key::Keypad2},
+    {Qt::Key_3, Qt::Key_PageDown, PadCode(3), vt::Key::Keypad3},
+    {Qt::Key_4, Qt::Key_Left, PadCode(4), vt::Key::Keypad4},
+    {Qt::Key_5, Qt::Key_Clear, PadCode(5), vt::Key::Keypad5},
+    {Qt::Key_6, Qt::Key_Right, PadCode(6), vt::Key::Keypad6},
+    {Qt::Key_7, Qt::Key_Home, PadCode(7), vt::Key::Keypad7},
+    {Qt::Key_8, Qt::Key_Up, PadCode(8), vt::Key::Keypad8},
+    {Qt::Key_9, Qt::Key_PageUp, PadCode(9), vt::Key::Keypad9},
+    {Qt::Key_Period, Qt::Key_Delete, static_cast<int>(KeyCode::Decimal), vt::Key::KeypadPeriod},
+    {Qt::Key_Comma, Qt::Key_Comma, static_cast<int>(KeyCode::Decimal), vt::Key::KeypadComma},
+    {Qt::Key_Minus, Qt::Key_Minus, static_cast<int>(KeyCode::Subtract), vt::Key::KeypadMinus},
+    {Qt::Key_Enter, Qt::Key_Enter, static_cast<int>(KeyCode::NumpadEnter), vt::Key::KeypadEnter},
+    {Qt::Key_Asterisk, Qt::Key_Asterisk, static_cast<int>(KeyCode::Multiply), std::nullopt},
+    {Qt::Key_Plus, Qt::Key_Plus, static_cast<int>(KeyCode::Add), std::nullopt},
+    {Qt::Key_Slash, Qt::Key_Slash, static_cast<int>(KeyCode::Divide), std::nullopt},
+};
+
+const PadRow* PadRowOf(const QKeyEvent& event) {
+  if (!(event.modifiers() & Qt::KeypadModifier)) return nullptr;
+  const auto found = std::find_if(std::begin(kPad), std::end(kPad), [&](const PadRow& row) {
+    return row.qt == event.key() || row.unlocked == event.key();
+  });
+  return found == std::end(kPad) ? nullptr : found;
 }
 
 struct TerminalRow {
   int qt;
-  bool keypad;
   vt::Key key;
 };
 
 constexpr TerminalRow kTerminalKeys[] = {
-    {Qt::Key_Up, false, vt::Key::Up},
-    {Qt::Key_Down, false, vt::Key::Down},
-    {Qt::Key_Left, false, vt::Key::Left},
-    {Qt::Key_Right, false, vt::Key::Right},
-    {Qt::Key_Home, false, vt::Key::Find},
-    {Qt::Key_End, false, vt::Key::Select},
-    {Qt::Key_Insert, false, vt::Key::Insert},
-    {Qt::Key_Delete, false, vt::Key::Remove},
-    {Qt::Key_PageUp, false, vt::Key::Previous},
-    {Qt::Key_PageDown, false, vt::Key::Next},
-    {Qt::Key_Backspace, false, vt::Key::Backspace},
-    {Qt::Key_Tab, false, vt::Key::Tab},
-    {Qt::Key_Backtab, false, vt::Key::Tab},
-    {Qt::Key_Escape, false, vt::Key::Escape},
-    {Qt::Key_Return, false, vt::Key::Enter},
-    {Qt::Key_Enter, true, vt::Key::KeypadEnter},
-    {Qt::Key_0, true, vt::Key::Keypad0},
-    {Qt::Key_1, true, vt::Key::Keypad1},
-    {Qt::Key_2, true, vt::Key::Keypad2},
-    {Qt::Key_3, true, vt::Key::Keypad3},
-    {Qt::Key_4, true, vt::Key::Keypad4},
-    {Qt::Key_5, true, vt::Key::Keypad5},
-    {Qt::Key_6, true, vt::Key::Keypad6},
-    {Qt::Key_7, true, vt::Key::Keypad7},
-    {Qt::Key_8, true, vt::Key::Keypad8},
-    {Qt::Key_9, true, vt::Key::Keypad9},
-    {Qt::Key_Period, true, vt::Key::KeypadPeriod},
-    {Qt::Key_Comma, true, vt::Key::KeypadComma},
-    {Qt::Key_Minus, true, vt::Key::KeypadMinus},
+    {Qt::Key_Up, vt::Key::Up},
+    {Qt::Key_Down, vt::Key::Down},
+    {Qt::Key_Left, vt::Key::Left},
+    {Qt::Key_Right, vt::Key::Right},
+    {Qt::Key_Home, vt::Key::Find},
+    {Qt::Key_End, vt::Key::Select},
+    {Qt::Key_Insert, vt::Key::Insert},
+    {Qt::Key_Delete, vt::Key::Remove},
+    {Qt::Key_PageUp, vt::Key::Previous},
+    {Qt::Key_PageDown, vt::Key::Next},
+    {Qt::Key_Backspace, vt::Key::Backspace},
+    {Qt::Key_Tab, vt::Key::Tab},
+    {Qt::Key_Backtab, vt::Key::Tab},
+    {Qt::Key_Escape, vt::Key::Escape},
+    {Qt::Key_Return, vt::Key::Enter},
+    {Qt::Key_Enter, vt::Key::Enter},
 };
 
-// The character that the key types, one byte; -1 for none.
-int CharacterOf(const QKeyEvent& event) {
-  const std::string bytes = ToBytes(event.text());
-  const bool chord = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-  const bool altGr = (event.modifiers() & Qt::ControlModifier) &&
-                     (event.modifiers() & Qt::AltModifier) && !bytes.empty();
-  if (bytes.size() != 1 || (chord && !altGr)) return -1;
-  const auto code = static_cast<unsigned char>(bytes[0]);
-  return code >= 32 || code == '\r' || code == '\b' || code == 27 ? code : -1;
-}
+// Chords with Control that are no letters (VT220 Programmer Reference, table 3-5: keys used to
+// generate 7-bit control characters).
+struct ControlRow {
+  int qt;
+  char code;
+};
+constexpr ControlRow kControls[] = {
+    {Qt::Key_Space, 0},
+    {Qt::Key_At, 0},
+    {Qt::Key_2, 0},
+    {Qt::Key_BracketLeft, 27},
+    {Qt::Key_3, 27},
+    {Qt::Key_Backslash, 28},
+    {Qt::Key_4, 28},
+    {Qt::Key_BracketRight, 29},
+    {Qt::Key_5, 29},
+    {Qt::Key_AsciiTilde, 30},
+    {Qt::Key_AsciiCircum, 30},
+    {Qt::Key_6, 30},
+    {Qt::Key_Question, 31},
+    {Qt::Key_Underscore, 31},
+    {Qt::Key_Slash, 31},
+    {Qt::Key_7, 31},
+    {Qt::Key_8, 127},
+};
 
-// Characters of the present key are typed in place of it: guards the filter against itself.
-bool replacing = false;
+bool IsAltGraph(const QKeyEvent& event) {
+  // Where there is no such modifier of its own it comes as both.
+  constexpr auto kBoth = Qt::ControlModifier | Qt::AltModifier;
+  return (event.modifiers() & kBoth) == kBoth && !event.text().isEmpty() &&
+         event.text().at(0).isPrint();
+}
 
 }  // namespace
 
-KeyEvent ToKeyEvent(const QKeyEvent& event) {
+KeyEvent ToKeyEvent(const QKeyEvent& event, bool forTerminal) {
   KeyEvent key;
   if (event.modifiers() & Qt::ShiftModifier) key.shift |= kShift;
   if (event.modifiers() & Qt::ControlModifier) key.shift |= kControl;
   if (event.modifiers() & Qt::AltModifier) key.shift |= kAlt;
-  if (event.key() == Qt::Key_Backtab) key.shift |= kShift;
   const int qt = event.key();
+  if (qt == Qt::Key_Backtab) key.shift |= kShift;
+  const PadRow* pad = PadRowOf(event);
+  if (pad && (forTerminal || (qt == pad->qt && qt != Qt::Key_Enter))) {
+    key.code = pad->code;
+    return key;
+  }
   if (qt >= Qt::Key_F1 && qt <= Qt::Key_F24) {
     key.code = static_cast<int>(KeyCode::F1) + (qt - Qt::Key_F1);
     return key;
@@ -108,8 +155,35 @@ KeyEvent ToKeyEvent(const QKeyEvent& event) {
   for (const KeyRow& row : kKeys) {
     if (row.qt == qt) key.code = static_cast<int>(row.code);
   }
-  if (key.code == 0 && qt >= 0x20 && qt <= 0xFF) key.code = qt;
+  // Letters, digits and blank have the codes of their characters; those of other signs would be
+  // taken for the keys above ("." is 46, and so is Delete).
+  const bool letter = (qt >= Qt::Key_A && qt <= Qt::Key_Z) || (qt >= Qt::Key_0 && qt <= Qt::Key_9);
+  if (letter || qt == Qt::Key_Space) key.code = qt;
+  if (key.code == 0) key.code = kOtherKey;
   return key;
+}
+
+bool IsModifierKey(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_Meta:
+    case Qt::Key_AltGr:
+    case Qt::Key_CapsLock:
+      return true;
+    default:
+      return false;
+  }
+}
+
+int CharacterOf(const QKeyEvent& event) {
+  const std::string bytes = ToTypedBytes(event.text());
+  const bool chord = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
+  if (bytes.size() != 1 || (chord && !IsAltGraph(event))) return 0;
+  const auto code = static_cast<unsigned char>(bytes[0]);
+  const bool control = code < 32 && code != '\r' && code != '\b' && code != 27;
+  return control ? 0 : code;
 }
 
 std::optional<TerminalKey> ToTerminalKey(const QKeyEvent& event) {
@@ -119,42 +193,30 @@ std::optional<TerminalKey> ToTerminalKey(const QKeyEvent& event) {
   const int qt = event.key();
   if (qt >= Qt::Key_F1 && qt <= Qt::Key_F12) {
     const auto stroke = vt::FromPcFunctionKey(qt - Qt::Key_F1 + 1, modifiers);
-    if (stroke) return TerminalKey{stroke->key, stroke->modifiers};
-    return std::nullopt;
+    if (!stroke) return std::nullopt;
+    return TerminalKey{stroke->key, stroke->modifiers};
   }
-  const bool keypad = (event.modifiers() & Qt::KeypadModifier) != 0;
+  if (const PadRow* pad = PadRowOf(event)) {
+    if (!pad->terminal) return std::nullopt;
+    return TerminalKey{*pad->terminal, modifiers};
+  }
   for (const TerminalRow& row : kTerminalKeys) {
-    if (row.qt == qt && (!row.keypad || keypad)) return TerminalKey{row.key, modifiers};
+    if (row.qt == qt) return TerminalKey{row.key, modifiers};
   }
   return std::nullopt;
 }
 
-bool TakeKey(Control& control, QKeyEvent& event) {
-  if (replacing || IsModifier(event.key())) return false;
-  Control* target = desktop().focus().KeyTarget();
-  if (!target) return true;  // nobody has the keyboard: keys go nowhere
-  if (target != &control) {
-    // The toolkit has moved its focus by itself; the keyboard is where the windows say.
-    QWidget* widget = WidgetOf(*target);
-    if (!widget || widget == WidgetOf(control)) return true;
-    target->peer()->ShowFocus();
-    QCoreApplication::sendEvent(widget, &event);
-    return true;
+std::string ToTerminalText(const QKeyEvent& event) {
+  const bool control = (event.modifiers() & Qt::ControlModifier) != 0;
+  if (IsAltGraph(event)) return ToTypedBytes(event.text());
+  if (event.modifiers() & Qt::AltModifier) return {};  // a VT220 has no such key
+  if (!control) return ToTypedBytes(event.text());
+  const int qt = event.key();
+  if (qt >= Qt::Key_A && qt <= Qt::Key_Z) return std::string(1, static_cast<char>(qt - 64));
+  for (const ControlRow& row : kControls) {
+    if (row.qt == qt) return std::string(1, row.code);
   }
-  const auto keep = control.window().weak_from_this().lock();
-  Window& window = control.window();
-  if (window.UserKeyDown(ToKeyEvent(event))) return true;
-  const int code = CharacterOf(event);
-  if (code < 0) return false;
-  const int typed = window.UserKeyPress(code);
-  if (typed == 0 || desktop().focus().KeyTarget() != &control) return true;
-  if (typed == code) return false;
-  QKeyEvent other(QEvent::KeyPress, 0, Qt::NoModifier,
-                  ToUnicode(std::string(1, static_cast<char>(typed))));
-  replacing = true;
-  QCoreApplication::sendEvent(WidgetOf(control), &other);
-  replacing = false;
-  return true;
+  return {};
 }
 
 }  // namespace quorvel

@@ -1,181 +1,158 @@
 #include "platform/qt/MainShell.h"
 
-#include <QCloseEvent>
-#include <QMenu>
-#include <QMenuBar>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/controls/Desktop.h"
 #include "platform/controls/SimpleControls.h"
-#include "platform/qt/Pictures.h"
-#include "platform/qt/Text.h"
-#include "platform/qt/WidgetPeers.h"
-#include "platform/qt/WindowPeers.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/WidgetPeer.h"
+#include "platform/qt/WindowPeer.h"
 
 namespace quorvel {
 namespace {
 
-void Apply(const MenuItem& item, QAction& action) {
-  action.setText(ToCaption(item.Caption()));
-  action.setEnabled(item.Enabled());
-  action.setVisible(item.Visible());
-  action.setCheckable(item.Checked());
-  action.setChecked(item.Checked());
+constexpr QSize kSmallest(320, 200);  // pixels; less is of no use to anybody
+
+std::vector<Panel*> BottomPanels(const Window& window) {
+  std::vector<Panel*> panels;
+  for (Control* child : window.Children()) {
+    if (child->kind() != ControlKind::Panel) continue;
+    auto* panel = static_cast<Panel*>(child);
+    if (panel->AlignBottom) panels.push_back(panel);
+  }
+  return panels;
 }
 
-QAction* MakeAction(MenuItem& item, std::map<const MenuItem*, QAction*>& actions, QWidget* parent) {
-  auto* action = new QAction(parent);
-  action->setObjectName(ToUnicode(item.Name()));
-  // The text of an entry is its accessible name; tools find it by its code name in the tip.
-  action->setToolTip(AccessibleDescription(QString(), item.Name()));
-  Apply(item, *action);
-  // Roles of other platforms' menus are not guessed from captions.
-  action->setMenuRole(QAction::NoRole);
-  QObject::connect(action, &QAction::triggered, action, [&item] { item.UserClick(); });
-  actions[&item] = action;
-  return action;
+// The children of the shell that are shown, front to back.
+std::vector<Window*> ShownChildren() {
+  const auto& order = desktop().focus().Order();
+  std::vector<Window*> children;
+  for (auto at = order.rbegin(); at != order.rend(); ++at) {
+    const bool shown = (*at)->kind() == Window::Kind::Child && (*at)->IsLoaded() &&
+                       (*at)->IsVisible() && WidgetOf(**at);
+    if (shown) children.push_back(*at);
+  }
+  return children;
 }
 
 }  // namespace
 
-QMenu* MakeMenu(MenuItem& menu, std::map<const MenuItem*, QAction*>& actions, QWidget* parent) {
-  auto* out = new QMenu(ToCaption(menu.Caption()), parent);
-  out->setObjectName(ToUnicode(menu.Name()));
-  out->setAccessibleDescription(AccessibleDescription(QString(), menu.Name()));
-  for (MenuItem* item : menu.Items()) {
-    if (item->IsSeparator()) {
-      out->addSeparator();
-    } else if (!item->Items().empty()) {
-      QMenu* inner = MakeMenu(*item, actions, out);
-      out->addMenu(inner);
-    } else {
-      out->addAction(MakeAction(*item, actions, out));
-    }
-  }
-  actions[&menu] = out->menuAction();
-  Apply(menu, *out->menuAction());
-  return out;
-}
-
 MainShell::MainShell(Window& window)
-    : window_(window),
-      centre_(new QWidget(this)),
-      client_(new QWidget(centre_)),
-      panels_(new QWidget(centre_)) {
-  setCentralWidget(centre_);
-  setWindowIcon(PictureIcon("app"));
+    : WindowWidget(window, nullptr, Qt::Window),
+      bar_(new QMenuBar(this)),
+      client_(new QWidget(this)),
+      panels_(new QWidget(this)) {
+  setMinimumSize(kSmallest);
+  bar_->setNativeMenuBar(false);
   client_->setBackgroundRole(QPalette::Dark);
   client_->setAutoFillBackground(true);
-  // The menu bar takes its height from the centre without the shell itself changing.
-  centre_->installEventFilter(this);
 }
 
-bool MainShell::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == centre_ && event->type() == QEvent::Resize) {
-    Arrange();
-    TellFrame();
-  }
-  return QMainWindow::eventFilter(watched, event);
+// --- size
+
+void MainShell::TakePlace() {
+  const QPoint place(ToPixels(window_->Left()), ToPixels(window_->Top()));
+  if (pos() != place) move(place);
 }
 
 void MainShell::TakeSize() {
   const QSize frame = frameGeometry().size() - size();
-  const QSize wanted(ToPixels(window_.Width()), ToPixels(window_.Height()));
-  if (frameGeometry().size() != wanted) resize(wanted - frame);
+  const QSize wanted(ToPixels(window_->Width()), ToPixels(window_->Height()));
+  if (frameGeometry().size() != wanted && !isMaximized() && !isFullScreen()) resize(wanted - frame);
   Arrange();
+  TellSize();
 }
 
 void MainShell::Arrange() {
+  if (!window_) return;
+  const int barHeight = bar_->actions().isEmpty() ? 0 : std::max(0, bar_->heightForWidth(width()));
+  bar_->setGeometry(0, 0, width(), barHeight);
   int panelHeight = 0;
-  for (const Control* child : window_.Children()) {
-    if (child->kind() != ControlKind::Panel || !child->Visible()) continue;
-    if (static_cast<const Panel*>(child)->AlignBottom) panelHeight += ToPixels(child->Height());
+  for (Panel* panel : BottomPanels(*window_)) {
+    const int height = panel->Visible() ? ToPixels(panel->Height()) : 0;
+    if (QWidget* widget = WidgetOf(*panel)) {
+      widget->setGeometry(0, panelHeight, width(), ToPixels(panel->Height()));
+    }
+    panelHeight += height;
   }
-  const int clientHeight = std::max(0, centre_->height() - panelHeight);
-  client_->setGeometry(0, 0, centre_->width(), clientHeight);
-  panels_->setGeometry(0, clientHeight, centre_->width(), panelHeight);
-  int top = 0;
-  for (const Control* child : window_.Children()) {
-    QWidget* widget = WidgetOf(*child);
-    if (!widget || child->kind() != ControlKind::Panel) continue;
-    if (!static_cast<const Panel*>(child)->AlignBottom) continue;
-    widget->setGeometry(0, top, centre_->width(), ToPixels(child->Height()));
-    if (child->Visible()) top += ToPixels(child->Height());
-  }
+  const int clientHeight = std::max(0, height() - barHeight - panelHeight);
+  client_->setGeometry(0, barHeight, width(), clientHeight);
+  panels_->setGeometry(0, barHeight + clientHeight, width(), panelHeight);
 }
 
-void MainShell::TellFrame() {
-  const QSize frame = frameGeometry().size() - centre_->size();
-  window_.AdoptFrame(ToTwips(frame.width()), ToTwips(frame.height()));
-}
-
-void MainShell::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
+void MainShell::TellSize() {
+  if (!window_ || !window_->peer()) return;
   const QSize whole = frameGeometry().size();
+  const QSize frame = whole - size();
+  window_->AdoptFrame(ToTwips(frame.width()), ToTwips(frame.height() + bar_->height()));
   // The size that the window has asked for, give or take its rounding to pixels, is no news.
-  if (ToPixels(window_.Width()) == whole.width() && ToPixels(window_.Height()) == whole.height()) {
-    return;
-  }
-  window_.UserResize(ToTwips(whole.width()), ToTwips(whole.height()));
+  const bool asked =
+      ToPixels(window_->Width()) == whole.width() && ToPixels(window_->Height()) == whole.height();
+  if (window_ && !asked) window_->UserResize(ToTwips(whole.width()), ToTwips(whole.height()));
+}
+
+bool MainShell::event(QEvent* event) {
+  // The window system puts the frame on behind our back.
+  if (event->type() == QEvent::Show) QTimer::singleShot(0, this, [this] { TellSize(); });
+  return WindowWidget::event(event);
+}
+
+void MainShell::resizeEvent(QResizeEvent*) {
+  Arrange();
+  TellSize();
 }
 
 void MainShell::moveEvent(QMoveEvent*) {
-  if (ToPixels(window_.Left()) == x() && ToPixels(window_.Top()) == y()) return;
-  window_.UserMove(ToTwips(x()), ToTwips(y()));
+  if (!window_) return;
+  TellSize();
+  if (ToPixels(window_->Left()) == x() && ToPixels(window_->Top()) == y()) return;
+  window_->UserMove(ToTwips(x()), ToTwips(y()));
 }
 
-void MainShell::changeEvent(QEvent* event) {
-  QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange) NoticeTurn(*this, window_);
-}
+// --- children
 
-void MainShell::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  if (!desktop().IsEnding()) window_.UserClose();
-}
-
-// --- the menu bar
-
-void MainShell::RefreshMenu() {
-  Window* owner = &window_;
-  const auto& order = desktop().focus().Order();
-  for (auto at = order.rbegin(); at != order.rend(); ++at) {
-    if ((*at)->kind() == Window::Kind::Child && (*at)->IsVisible() && (*at)->IsLoaded()) {
-      owner = *at;
-      break;
-    }
+void MainShell::Restack() {
+  if (!window_ || !HasDesktop()) return;
+  const std::vector<Window*> shown = ShownChildren();
+  std::vector<QWidget*> covers;
+  for (Window* child : shown) {
+    QWidget* widget = WidgetOf(*child);
+    const QRect seen = widget->geometry() & client_->rect();
+    const bool isCovered = std::any_of(covers.begin(), covers.end(), [&](const QWidget* other) {
+      return other->geometry().contains(seen);
+    });
+    if (!isCovered) covers.push_back(widget);
   }
-  if (owner != menuOwner_) BuildMenu(*owner);
+  for (auto at = shown.rbegin(); at != shown.rend(); ++at) {
+    QWidget* widget = WidgetOf(**at);
+    const bool seen = std::find(covers.begin(), covers.end(), widget) != covers.end();
+    widget->raise();
+    if (seen) widget->show();
+  }
+  // Hiding comes last, so that the toolkit never has to look for another widget to focus.
+  for (Window* child : shown) {
+    QWidget* widget = WidgetOf(*child);
+    if (std::find(covers.begin(), covers.end(), widget) == covers.end()) widget->hide();
+  }
+  ShowMenuOf(shown.empty() ? *window_ : *shown.front());
 }
 
-void MainShell::BuildMenu(Window& owner) {
-  menuOwner_ = &owner;
-  actions_.clear();
-  // An entry of the old menu may be in its own click.
-  for (QMenu* old : menuBar()->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly)) {
-    old->deleteLater();
-  }
-  for (QAction* old : menuBar()->actions()) {
-    menuBar()->removeAction(old);
-    if (!old->menu()) old->deleteLater();
-  }
-  for (MenuItem* item : owner.MenuBar()) {
-    if (item->PopUpOnly) continue;
-    if (item->Items().empty()) {
-      menuBar()->addAction(MakeAction(*item, actions_, menuBar()));
-    } else {
-      menuBar()->addMenu(MakeMenu(*item, actions_, menuBar()));
-    }
-  }
+// In the shell the user meets the child in front.
+Window* MainShell::Met() {
+  const std::vector<Window*> shown = ShownChildren();
+  return shown.empty() ? nullptr : shown.front();
 }
 
-void MainShell::UpdateMenu(MenuItem& item) {
-  if (QAction* action = ActionOf(item)) Apply(item, *action);
-}
-
-QAction* MainShell::ActionOf(const MenuItem& item) const {
-  const auto found = actions_.find(&item);
-  return found == actions_.end() ? nullptr : found->second;
+void MainShell::ShowMenuOf(const Window& owner) {
+  if (!owner.peer()) return;
+  const QList<QAction*>& entries = QtWindowPeer::Of(owner).menus().BarEntries();
+  const QList<QAction*> shown = bar_->actions();
+  if (std::equal(shown.begin(), shown.end(), entries.begin(), entries.end())) return;
+  bar_->clear();
+  bar_->addActions(entries);
+  Arrange();
+  TellSize();
 }
 
 }  // namespace quorvel

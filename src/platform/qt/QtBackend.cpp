@@ -1,45 +1,32 @@
 #include "platform/qt/QtBackend.h"
 
-#include <QAbstractEventDispatcher>
 #include <QDateTime>
-#include <QDir>
+#include <QDialog>
 #include <QMenu>
-#include <QMessageBox>
-#include <QPainter>
 #include <QScreen>
 #include <QStyleFactory>
-#include <QTimer>
 
 #include "platform/controls/Desktop.h"
+#include "platform/qt/Accessibility.h"
+#include "platform/qt/BoxAbove.h"
+#include "platform/qt/Looks.h"
 #include "platform/qt/MainShell.h"
 #include "platform/qt/Pictures.h"
-#include "platform/qt/QtServices.h"
+#include "platform/qt/QtApplication.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtMessageBox.h"
+#include "platform/qt/QtPrinter.h"
+#include "platform/qt/QtPrograms.h"
 #include "platform/qt/QtTransport.h"
-#include "platform/qt/TerminalAccessible.h"
+#include "platform/qt/Screenshot.h"
 #include "platform/qt/Text.h"
-#include "platform/qt/WidgetPeers.h"
-#include "platform/qt/WindowPeers.h"
+#include "platform/qt/WidgetPeer.h"
+#include "platform/qt/WindowPeer.h"
 
 namespace quorvel {
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
-constexpr int kMostBeepsASecond = 4;
-
-QMessageBox::Icon IconOf(int style) {
-  switch (style & MessageBoxStyle::kIconMask) {
-    case MessageBoxStyle::kQuestion:
-      return QMessageBox::Question;
-    case MessageBoxStyle::kExclamation:
-      return QMessageBox::Warning;
-    case MessageBoxStyle::kInformation:
-      return QMessageBox::Information;
-    case 0:
-      return QMessageBox::NoIcon;
-    default:
-      return QMessageBox::Critical;  // alone, or with the bit of another one
-  }
-}
+constexpr qint64 kBetweenBeeps = 250;  // milliseconds: a host that rings without end stays bearable
 
 }  // namespace
 
@@ -56,9 +43,8 @@ class QtBackend::Waker : public QObject {
   bool event(QEvent* event) override {
     if (event->type() != QEvent::User) return QObject::event(event);
     posted_ = false;
-    if (!HasDesktop()) return true;
     // One event a turn, so that painting and input get theirs; more follow by another turn.
-    if (desktop().ServeOne()) Wake();
+    if (HasDesktop() && desktop().ServeOne()) Wake();
     return true;
   }
 
@@ -67,35 +53,37 @@ class QtBackend::Waker : public QObject {
 };
 
 struct QtBackend::Services {
-  explicit Services(const QStringList& arguments) : application(arguments) {}
+  explicit Services(const QStringList& arguments) : application(arguments), dialogs(printer) {}
   QtApplication application;
+  QtPrinter printer;
   QtDialogs dialogs;
   QtClipboard clipboard;
-  QtPrinter printer;
   QtPrograms programs;
 };
 
 QtBackend::QtBackend(int argc, char** argv) : argc_(argc), app_(argc_, argv) {
-  QApplication::setApplicationName("quorvel");
-  QApplication::setApplicationDisplayName(QString());
+  QApplication::setApplicationName(QStringLiteral("quorvel"));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(PictureIcon("app"));
-  if (QStyle* style = QStyleFactory::create("Fusion")) QApplication::setStyle(style);
-  if (const QScreen* screen = QApplication::primaryScreen()) {
-    twipsPerPixel_ = std::max(1, qRound(kTwipsPerInch / screen->logicalDotsPerInch()));
-  }
-  InstallTerminalAccessibility();
+  if (QStyle* style = QStyleFactory::create(QStringLiteral("Fusion")))
+    QApplication::setStyle(style);
+  InstallAccessibility();
   services_ = std::make_unique<Services>(QApplication::arguments());
   waker_ = std::make_unique<Waker>();
 }
 
-// The widgets of windows that have just gone are deleted by events; there will be no more turns.
 QtBackend::~QtBackend() {
+  // Widgets that were to be deleted later: there is no later.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  RemoveAccessibility();
 }
 
 int QtBackend::Run() {
-  return desktop().IsEnding() ? 0 : QApplication::exec();
+  if (desktop().IsEnding()) return 0;
+  running_ = true;
+  const int status = QApplication::exec();
+  running_ = false;
+  return status;
 }
 
 // --- windows
@@ -109,36 +97,18 @@ std::unique_ptr<WindowPeer> QtBackend::MakePeer(Window& window) {
 QWidget* QtBackend::WidgetOf(const Control& control) const {
   return quorvel::WidgetOf(control);
 }
+
 QWidget* QtBackend::WidgetOf(const Window& window) const {
   return quorvel::WidgetOf(window);
 }
+
 QAction* QtBackend::ActionOf(const MenuItem& item) const {
-  return shell_ ? shell_->ActionOf(item) : nullptr;
+  if (!item.window().peer()) return nullptr;
+  return QtWindowPeer::Of(item.window()).menus().ActionOf(item);
 }
 
 bool QtBackend::SaveScreenshot(const std::string& path) {
-  if (!shell_) return false;
-  QPixmap picture = shell_->grab();
-  QPainter painter(&picture);
-  const QPoint corner = shell_->mapToGlobal(QPoint(0, 0));
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window == shell_ || !window->isVisible() || window->size().isEmpty()) continue;
-    const QRect place(window->mapToGlobal(QPoint(0, 0)) - corner, window->size());
-    painter.drawPixmap(place.topLeft(), window->grab());
-    if (window->windowType() != Qt::Popup) {
-      // No window manager draws a frame here; without one the parts can't be told apart.
-      painter.fillRect(place.adjusted(0, -22, 0, 0)
-                           .intersected(QRect(place.left(), place.top() - 22, place.width(), 22)),
-                       QColor(0x45, 0x5a, 0x64));
-      painter.setPen(Qt::white);
-      painter.drawText(QRect(place.left() + 8, place.top() - 22, place.width() - 16, 22),
-                       Qt::AlignVCenter | Qt::AlignLeft, window->windowTitle());
-      painter.setPen(QColor(0x45, 0x5a, 0x64));
-      painter.drawRect(place.adjusted(-1, -22, 0, 0));
-    }
-  }
-  painter.end();
-  return picture.save(PathToUnicode(path), "PNG");
+  return shell_ && PictureOfAll(*shell_).save(PathToUnicode(path), "PNG");
 }
 
 // --- events
@@ -163,46 +133,36 @@ void QtBackend::ServeToolkit(Serve serve) {
 }
 
 void QtBackend::Quit() {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (auto* dialog = qobject_cast<QMessageBox*>(window)) dialog->done(0);
-    if (auto* menu = qobject_cast<QMenu*>(window)) menu->close();
+  // Boxes and menus first, whose loops run inside the main one.
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (auto* dialog = qobject_cast<QDialog*>(widget)) dialog->done(QDialog::Rejected);
+    if (auto* menu = qobject_cast<QMenu*>(widget)) menu->close();
   }
-  services_->dialogs.CloseOpen();
-  QCoreApplication::exit(0);
+  waker_->Wake();  // a wait that sleeps has to look around
+  if (running_) QCoreApplication::exit(0);
 }
 
 MessageBoxAnswer QtBackend::ShowMessageBox(const MessageBoxRequest& request) {
-  const bool yesNo = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kYesNo;
-  QMessageBox box;
-  box.setObjectName("MessageBox");
-  box.setAccessibleDescription(AccessibleDescription(QString(), "MessageBox"));
-  box.setWindowTitle(ToCaption(request.title));
-  box.setTextFormat(Qt::PlainText);
-  box.setText(ToCaption(request.text));
-  box.setIcon(IconOf(request.style));
-  box.setStandardButtons(yesNo ? QMessageBox::Yes | QMessageBox::No
-                               : QMessageBox::StandardButtons(QMessageBox::Ok));
-  box.setDefaultButton(yesNo ? QMessageBox::Yes : QMessageBox::Ok);
-  box.setEscapeButton(yesNo ? QMessageBox::No : QMessageBox::Ok);
-  box.setWindowModality(Qt::ApplicationModal);
-  QWidget* below = QApplication::activeModalWidget();
-  PlaceAbove(below ? below : shell_, box);
-  const int answer = box.exec();
-  GiveKeyboardBack();
-  if (!yesNo) return MessageBoxAnswer::Ok;
-  return answer == QMessageBox::Yes ? MessageBoxAnswer::Yes : MessageBoxAnswer::No;
+  return ExecMessageBox(request, shell_);
 }
 
 void QtBackend::PopUp(MenuItem& menu) {
-  std::map<const MenuItem*, QAction*> actions;
-  const std::unique_ptr<QMenu> popup(MakeMenu(menu, actions, shell_));
-  popup->exec(QCursor::pos());
+  QAction* action = ActionOf(menu);
+  if (!action || !action->menu()) return;
+  // At the mouse; for somebody who works by the keys it may be far away.
+  QPoint place = QCursor::pos();
+  const QWidget* active = QApplication::activeWindow();
+  const QWidget* focus = QApplication::focusWidget();
+  if (active && focus && !active->frameGeometry().contains(place)) {
+    place = focus->mapToGlobal(focus->rect().bottomLeft());
+  }
+  const BoxAbove menuAbove(nullptr, shell_);
+  action->menu()->exec(place);
 }
 
-// A host that rings without end is heard a few times a second.
 void QtBackend::Beep() {
   const qint64 now = QDateTime::currentMSecsSinceEpoch();
-  if (now - lastBeep_ < 1000 / kMostBeepsASecond) return;
+  if (now >= lastBeep_ && now - lastBeep_ < kBetweenBeeps) return;
   lastBeep_ = now;
   QApplication::beep();
 }
@@ -215,9 +175,10 @@ void QtBackend::SetMousePointer(MousePointer pointer) {
 // --- services
 
 ScreenMetrics QtBackend::Screen() {
+  constexpr QSize kWithout(1024, 768);
   const QScreen* screen = QApplication::primaryScreen();
-  const QSize size = screen ? screen->availableGeometry().size() : QSize(1024, 768);
-  return {size.width() * twipsPerPixel_, size.height() * twipsPerPixel_, twipsPerPixel_};
+  const QSize size = screen ? screen->availableGeometry().size() : kWithout;
+  return {ToTwips(size.width()), ToTwips(size.height()), TwipsPerPixel()};
 }
 
 Application& QtBackend::application() {

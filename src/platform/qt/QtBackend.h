@@ -1,25 +1,24 @@
 #pragma once
 
-#include <QApplication>
-#include <QObject>
-#include <functional>
+#include <QPointer>
 #include <memory>
 #include <string>
 
 #include "platform/controls/Backend.h"
+#include "platform/qt/InputGate.h"
 
 class QAction;
-class QMessageBox;
 class QWidget;
 
 namespace quorvel {
 
 class MainShell;
 
-// The real desktop: windows and controls become Qt widgets.
+// The real desktop: windows and controls become Qt widgets. It takes the place of QApplication; one
+// at a time.
 class QtBackend : public Backend {
  public:
-  // Takes the place of QApplication: the arguments are those of main().
+  // The arguments are those of main().
   QtBackend(int argc, char** argv);
   ~QtBackend() override;
   QtBackend(const QtBackend&) = delete;
@@ -29,9 +28,10 @@ class QtBackend : public Backend {
   int Run();
 
   // --- for tests and the tour
+  // nullptr while the window is not loaded.
   QWidget* WidgetOf(const Control& control) const;
   QWidget* WidgetOf(const Window& window) const;
-  QAction* ActionOf(const MenuItem& item) const;  // nullptr while its window is not in front
+  QAction* ActionOf(const MenuItem& item) const;
   // A picture (PNG) of the main window with all that is open above it. False when it can't be
   // written.
   bool SaveScreenshot(const std::string& path);
@@ -58,11 +58,11 @@ class QtBackend : public Backend {
   class Waker;
 
   int argc_;
-  QApplication app_;
+  InputGate app_;
   std::unique_ptr<Services> services_;
   std::unique_ptr<Waker> waker_;
-  MainShell* shell_ = nullptr;
-  int twipsPerPixel_ = 15;
+  QPointer<MainShell> shell_;
+  bool running_ = false;
   qint64 lastBeep_ = 0;
 };
 

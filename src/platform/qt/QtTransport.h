@@ -6,7 +6,8 @@
 
 namespace quorvel {
 
-// A TCP connection. Look-up and connecting run beside the window; IPv4 and IPv6.
+// A TCP connection, IPv4 or IPv6. Look-up and connecting run beside the window; the connection is
+// kept alive by the network's own probes and sends small writes without delay.
 class QtTransport : public QObject, public Transport {
  public:
   QtTransport() = default;
@@ -23,6 +24,7 @@ class QtTransport : public QObject, public Transport {
 
   QTcpSocket* socket_ = nullptr;
   TransportListener* listener_ = nullptr;
+  bool opened_ = false;
   bool reading_ = true;
 };
 

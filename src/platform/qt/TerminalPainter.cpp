@@ -1,6 +1,9 @@
 #include "platform/qt/TerminalPainter.h"
 
-#include "platform/qt/WidgetPeers.h"
+#include <algorithm>
+#include <vector>
+
+#include "platform/qt/Looks.h"
 
 namespace quorvel {
 namespace {
@@ -8,24 +11,29 @@ namespace {
 constexpr int kWhite = 0xFFFFFF;
 constexpr int kBlack = 0;
 
+constexpr int kFirstBright = 8;  // the bright half of the 16 ANSI colours
+constexpr int kFirstOfCube = 16;
+constexpr int kFirstGrey = 232;
+
 QColor PaletteColour(int index) {
   static constexpr QRgb kFirst[16] = {0x000000, 0xcd0000, 0x00cd00, 0xcdcd00, 0x3465c8, 0xcd00cd,
                                       0x00cdcd, 0xe5e5e5, 0x7f7f7f, 0xff0000, 0x00ff00, 0xffff00,
                                       0x5c8cff, 0xff00ff, 0x00ffff, 0xffffff};
-  if (index < 16) return QColor(kFirst[index]);
-  if (index >= 232) {
-    const int grey = 8 + (index - 232) * 10;
+  if (index < kFirstOfCube) return QColor(kFirst[index]);
+  if (index >= kFirstGrey) {
+    const int grey = 8 + (index - kFirstGrey) * 10;
     return QColor(grey, grey, grey);
   }
   const auto level = [](int step) { return step == 0 ? 0 : 55 + 40 * step; };
-  const int cube = index - 16;
+  const int cube = index - kFirstOfCube;
   return QColor(level(cube / 36), level(cube / 6 % 6), level(cube % 6));
 }
 
-QColor ColourOf(const vt::Colour& colour, const QColor& own) {
+QColor ColourOf(const vt::Colour& colour, const QColor& own, bool bright = false) {
   switch (colour.kind()) {
     case vt::Colour::Kind::Palette:
-      return PaletteColour(colour.index());
+      return PaletteColour(bright && colour.index() < kFirstBright ? colour.index() + kFirstBright
+                                                                   : colour.index());
     case vt::Colour::Kind::Direct:
       return QColor(colour.red(), colour.green(), colour.blue());
     case vt::Colour::Kind::Default:
@@ -55,8 +63,27 @@ constexpr Box kBoxes[] = {
     {0x252C, kLeft | kRight | kDown},
     {0x2502, kUp | kDown},
 };
+constexpr char16_t kCheckerboard = 0x2592;
+constexpr char16_t kFirstScanLine = 0x23BA;
+constexpr char16_t kLastScanLine = 0x23BD;
+
+// Whether a character is drawn here rather than taken from the font.
+bool IsDrawn(char16_t glyph) {
+  return (glyph >= kFirstScanLine && glyph <= kLastScanLine) || glyph == kCheckerboard ||
+         std::any_of(std::begin(kBoxes), std::end(kBoxes),
+                     [glyph](const Box& box) { return box.glyph == glyph; });
+}
+
+const vt::Cell& CellOf(const vt::Line& line, int column) {
+  return line.cells[static_cast<std::size_t>(column)];
+}
 
 }  // namespace
+
+int ShownColumns(const vt::Line& line) {
+  const int columns = static_cast<int>(line.cells.size());
+  return line.attribute == vt::LineAttribute::SingleWidth ? columns : columns / 2;
+}
 
 TerminalColours::TerminalColours(const Terminal& terminal)
     : fore_(ToQColor(terminal.ForeColor() < 0 ? kWhite : terminal.ForeColor())),
@@ -65,93 +92,107 @@ TerminalColours::TerminalColours(const Terminal& terminal)
       reversed_(terminal.emulation().screen().ReverseScreen()) {}
 
 TerminalColours::Pair TerminalColours::Of(const vt::Attributes& attributes) const {
-  Pair pair{ColourOf(attributes.fore, attributes.bold() ? bold_ : fore_),
+  Pair pair{ColourOf(attributes.fore, attributes.bold() ? bold_ : fore_, attributes.bold()),
             ColourOf(attributes.back, back_)};
   if (attributes.reverse() != reversed_) std::swap(pair.fore, pair.back);
   return pair;
 }
 
+bool TerminalColours::BoldByWeight(const vt::Attributes& attributes) const {
+  return attributes.bold() && (!attributes.fore.IsDefault() || bold_ == fore_);
+}
+
 bool TerminalPainter::PaintLine(const QPoint& corner, const vt::Line& line,
                                 const std::function<bool(int column)>& selected) const {
   bool blinks = false;
-  const bool wide = line.attribute != vt::LineAttribute::SingleWidth;
-  const int columns = static_cast<int>(line.cells.size()) / (wide ? 2 : 1);
+  const int columns = ShownColumns(line);
   for (int from = 0; from < columns;) {
-    const vt::Attributes& attributes = line.cells[static_cast<std::size_t>(from)].attributes;
-    const bool chosen = selected(wide ? from * 2 : from);
+    const vt::Attributes& attributes = CellOf(line, from).attributes;
+    const bool chosen = selected(from);
     int to = from + 1;
-    while (to < columns && line.cells[static_cast<std::size_t>(to)].attributes == attributes &&
-           selected(wide ? to * 2 : to) == chosen) {
+    while (to < columns && CellOf(line, to).attributes == attributes && selected(to) == chosen) {
       ++to;
     }
-    PaintRun(corner, line, from, to, chosen);
+    TerminalColours::Pair pair = colours_.Of(attributes);
+    if (chosen) std::swap(pair.fore, pair.back);
+    PaintRun(corner, line, from, to, pair);
     blinks |= attributes.blink();
     from = to;
   }
   return blinks;
 }
 
-void TerminalPainter::PaintRun(const QPoint& corner, const vt::Line& line, int from, int to,
-                               bool selected) const {
-  const vt::Attributes& attributes = line.cells[static_cast<std::size_t>(from)].attributes;
-  TerminalColours::Pair pair = colours_.Of(attributes);
-  if (selected) std::swap(pair.fore, pair.back);
-  painter_.save();
-  painter_.translate(corner);
-  if (line.attribute != vt::LineAttribute::SingleWidth) {
-    painter_.setClipRect(QRect(0, 0, static_cast<int>(line.cells.size()) * width_, height_));
-    const bool high = line.attribute != vt::LineAttribute::DoubleWidth;
-    painter_.scale(2, high ? 2 : 1);
-    if (line.attribute == vt::LineAttribute::DoubleHeightBottom)
-      painter_.translate(0, -height_ / 2.0);
+void TerminalPainter::PaintCursor(const QPoint& corner, const vt::Line& line, int column,
+                                  CursorShape shape) const {
+  if (shape == CursorShape::None || column >= ShownColumns(line)) return;
+  const int wide = line.attribute == vt::LineAttribute::SingleWidth ? 1 : 2;
+  const QRect cell(corner.x() + column * wide * font_.CellWidth(), corner.y(),
+                   wide * font_.CellWidth(), font_.CellHeight());
+  TerminalColours::Pair pair = colours_.Of(CellOf(line, column).attributes);
+  if (shape == CursorShape::Outline) {
+    painter_.setPen(pair.fore);
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(cell.adjusted(0, 0, -1, -1));
+    return;
   }
-  const QRect area(from * width_, 0, (to - from) * width_, height_);
+  std::swap(pair.fore, pair.back);
+  PaintRun(corner, line, column, column + 1, pair);
+}
+
+// Coordinates inside are those of a line of single width; double sizes scale them.
+void TerminalPainter::PaintRun(const QPoint& corner, const vt::Line& line, int from, int to,
+                               const TerminalColours::Pair& pair) const {
+  const vt::Attributes& attributes = CellOf(line, from).attributes;
+  const int height = font_.CellHeight();
+  const QRect area(0, 0, (to - from) * font_.CellWidth(), height);
+  painter_.save();
+  if (line.attribute == vt::LineAttribute::SingleWidth) {
+    painter_.translate(corner.x() + from * font_.CellWidth(), corner.y());
+  } else {
+    painter_.translate(corner.x() + 2 * from * font_.CellWidth(), corner.y());
+    painter_.setClipRect(QRect(0, 0, 2 * area.width(), height));
+    painter_.scale(2, line.attribute == vt::LineAttribute::DoubleWidth ? 1 : 2);
+    if (line.attribute == vt::LineAttribute::DoubleHeightBottom) {
+      painter_.translate(0, -height / 2.0);
+    }
+  }
   painter_.fillRect(area, pair.back);
   if (!attributes.invisible() && !(attributes.blink() && blinkOff_)) {
     painter_.setPen(pair.fore);
-    PaintGlyphs(line, from, to);
+    PaintText(line, from, to, colours_.BoldByWeight(attributes));
     if (attributes.underline()) {
-      const int y = std::min(ascent_ + 1, height_ - 1);
-      painter_.fillRect(QRect(area.left(), y, area.width(), 1), pair.fore);
+      painter_.fillRect(QRect(0, std::min(font_.Ascent() + 1, height - 1), area.width(), 1),
+                        pair.fore);
     }
   }
   painter_.restore();
 }
 
-void TerminalPainter::PaintGlyphs(const vt::Line& line, int from, int to) const {
-  QString text;
-  int start = from;
-  const auto flush = [&](int column) {
-    if (!text.isEmpty()) painter_.drawText(start * width_, ascent_, text);
-    text.clear();
-    start = column;
-  };
-  for (int column = from; column < to; ++column) {
-    const char16_t glyph = line.cells[static_cast<std::size_t>(column)].glyph;
-    if (glyph == ' ') {
-      flush(column + 1);
-      continue;
-    }
-    if (glyph >= 0x23BA && glyph <= 0x25FF) {
-      flush(column + 1);
-      if (DrawBox(glyph, QRect(column * width_, 0, width_, height_))) continue;
-    }
-    if (text.isEmpty()) start = column;
-    text += QChar(glyph);
-    if (glyph > 0x7E) flush(column + 1);  // its width in the font may differ
+void TerminalPainter::PaintText(const vt::Line& line, int from, int to, bool bold) const {
+  std::vector<vt::Cell> cells(line.cells.begin() + from, line.cells.begin() + to);
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i].glyph < 0x2000 || !IsDrawn(cells[i].glyph)) continue;
+    DrawBox(cells[i].glyph, QRect(static_cast<int>(i) * font_.CellWidth(), 0, font_.CellWidth(),
+                                  font_.CellHeight()));
+    cells[i].glyph = ' ';
   }
-  flush(to);
+  font_.Draw(painter_, cells, bold);
 }
 
 bool TerminalPainter::DrawBox(char16_t glyph, const QRect& cell) const {
+  constexpr int kCellsOfALine = 16;  // a line is as thick as this part of the cell's height
   const QColor ink = painter_.pen().color();
-  const int thick = std::max(1, height_ / 16);
+  const int thick = std::max(1, cell.height() / kCellsOfALine);
   const int x = cell.left() + (cell.width() - thick) / 2;
   const int y = cell.top() + (cell.height() - thick) / 2;
-  // Horizontal scan lines 1, 3, 7 and 9 of the set lie at ninths of the cell's height.
-  if (glyph >= 0x23BA && glyph <= 0x23BD) {
-    static constexpr int kNinths[] = {0, 2, 6, 8};
-    const int top = cell.top() + kNinths[glyph - 0x23BA] * (height_ - thick) / 8;
+  if (glyph == kCheckerboard) {
+    painter_.fillRect(cell, QBrush(ink, Qt::Dense4Pattern));
+    return true;
+  }
+  // The horizontal scan lines 1, 3, 7 and 9 of the set lie at ninths of the cell's height.
+  if (glyph >= kFirstScanLine && glyph <= kLastScanLine) {
+    static constexpr int kEighths[] = {0, 2, 6, 8};
+    const int top = cell.top() + kEighths[glyph - kFirstScanLine] * (cell.height() - thick) / 8;
     painter_.fillRect(QRect(cell.left(), top, cell.width(), thick), ink);
     return true;
   }
@@ -159,11 +200,13 @@ bool TerminalPainter::DrawBox(char16_t glyph, const QRect& cell) const {
     if (box.glyph != glyph) continue;
     const int right = cell.left() + cell.width();
     const int bottom = cell.top() + cell.height();
-    if (box.arms & kLeft)
-      painter_.fillRect(QRect(cell.left(), y, x + thick - cell.left(), thick), ink);
-    if (box.arms & kRight) painter_.fillRect(QRect(x, y, right - x, thick), ink);
-    if (box.arms & kUp) painter_.fillRect(QRect(x, cell.top(), thick, y + thick - cell.top()), ink);
-    if (box.arms & kDown) painter_.fillRect(QRect(x, y, thick, bottom - y), ink);
+    const auto fill = [&](int left, int top, int width, int height) {
+      painter_.fillRect(QRect(left, top, width, height), ink);
+    };
+    if (box.arms & kLeft) fill(cell.left(), y, x + thick - cell.left(), thick);
+    if (box.arms & kRight) fill(x, y, right - x, thick);
+    if (box.arms & kUp) fill(x, cell.top(), thick, y + thick - cell.top());
+    if (box.arms & kDown) fill(x, y, thick, bottom - y);
     return true;
   }
   return false;

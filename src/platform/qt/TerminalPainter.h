@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/controls/TerminalControl.h"
+#include "platform/qt/TerminalFont.h"
 #include "platform/vt/Scrollback.h"
 
 namespace quorvel {
@@ -22,6 +23,8 @@ class TerminalColours {
     QColor back;
   };
   Pair Of(const vt::Attributes& attributes) const;
+  // Whether bold text has no colour of its own here, so that only the weight can show it.
+  bool BoldByWeight(const vt::Attributes& attributes) const;
 
  private:
   QColor fore_;
@@ -30,34 +33,35 @@ class TerminalColours {
   bool reversed_;  // DECSCNM
 };
 
-// Paints one line of cells. Line drawing and double-size characters are drawn, not taken from the
+// Paints lines of cells. Line drawing and double-size characters are drawn, not taken from the
 // font, so that they join.
 class TerminalPainter {
  public:
-  TerminalPainter(QPainter& painter, const TerminalColours& colours, int cellWidth, int cellHeight,
-                  int ascent, bool blinkOff)
-      : painter_(painter),
-        colours_(colours),
-        width_(cellWidth),
-        height_(cellHeight),
-        ascent_(ascent),
-        blinkOff_(blinkOff) {}
+  enum class CursorShape { None, Outline, Block };
 
-  // True when some of it blinks.
+  TerminalPainter(QPainter& painter, const TerminalColours& colours, const TerminalFont& font,
+                  bool blinkOff)
+      : painter_(painter), colours_(colours), font_(font), blinkOff_(blinkOff) {}
+
+  // A line with its upper left corner at `corner`. True when some of it blinks.
   bool PaintLine(const QPoint& corner, const vt::Line& line,
                  const std::function<bool(int column)>& selected) const;
+  // The cursor over a cell of the same line; a block shows the character in the ground's colour.
+  void PaintCursor(const QPoint& corner, const vt::Line& line, int column, CursorShape shape) const;
 
  private:
-  void PaintRun(const QPoint& corner, const vt::Line& line, int from, int to, bool selected) const;
-  void PaintGlyphs(const vt::Line& line, int from, int to) const;
+  void PaintRun(const QPoint& corner, const vt::Line& line, int from, int to,
+                const TerminalColours::Pair& pair) const;
+  void PaintText(const vt::Line& line, int from, int to, bool bold) const;
   bool DrawBox(char16_t glyph, const QRect& cell) const;
 
   QPainter& painter_;
   const TerminalColours& colours_;
-  const int width_;
-  const int height_;
-  const int ascent_;
+  const TerminalFont& font_;
   const bool blinkOff_;
 };
+
+// Columns of a line that are shown: half as many on double-width lines.
+int ShownColumns(const vt::Line& line);
 
 }  // namespace quorvel

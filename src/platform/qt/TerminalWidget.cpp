@@ -2,67 +2,89 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
 #include <QDateTime>
-#include <QFontMetrics>
 #include <QInputMethodEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPointer>
+#include <algorithm>
+#include <climits>
 
 #include "platform/controls/Desktop.h"
 #include "platform/qt/Keyboard.h"
-#include "platform/qt/TerminalPainter.h"
+#include "platform/qt/TerminalAccessible.h"
 #include "platform/qt/Text.h"
-#include "platform/qt/WidgetPeers.h"
 
 namespace quorvel {
 namespace {
 
-constexpr int kMargin = 2;           // pixels around the grid
-constexpr double kSmallestFont = 5;  // points
+constexpr int kMargin = 2;  // pixels around the grid
 constexpr int kBlinkMilliseconds = 500;
-constexpr int kLinesAWheelStep = 3;
+constexpr int kDragScrollMilliseconds = 50;
+constexpr int kNewsMilliseconds = 40;  // a frame, for somebody who listens
+constexpr int kLinesOfAWheelStep = 3;
+constexpr int kWheelStep = 120;  // eighths of a degree, the unit of QWheelEvent
+constexpr int kThirdClickDistance = 8;
+
+using Unit = TerminalSelection::Unit;
 
 }  // namespace
 
 TerminalWidget::TerminalWidget(Terminal& terminal, QWidget* parent)
-    : QWidget(parent), terminal_(terminal), bar_(Qt::Vertical, this) {
+    : QWidget(parent),
+      terminal_(terminal),
+      bar_(Qt::Vertical, this),
+      font_(TerminalFont::Fit(terminal.Font(), {}, 1, 1)),
+      selection_(terminal.emulation()) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAttribute(Qt::WA_InputMethodEnabled);
   setCursor(Qt::IBeamCursor);
   bar_.setCursor(Qt::ArrowCursor);
   bar_.setFocusPolicy(Qt::NoFocus);
-  bar_.setObjectName("scrollBack");
-  bar_.setAccessibleName("Scroll-back");
-  connect(&bar_, &QScrollBar::valueChanged, this, [this](int value) {
-    back_ = terminal_.emulation().ScrollbackCount() - value;
-    update();
-  });
-  FitFont();
+  bar_.setObjectName(QStringLiteral("scrollBack"));
+  bar_.setAccessibleName(QStringLiteral("Scroll-back"));
+  connect(&bar_, &QScrollBar::valueChanged, this, [this](int value) { ScrollTo(value); });
+  terminal_.emulation().TakeDirty();
+}
+
+// --- places
+
+vt::LineAttribute TerminalWidget::AttributeOf(int row) const {
+  const int screenRow = row - back_;
+  if (screenRow >= 0 && screenRow < Screen().Rows()) return Screen().LineAttributeAt(screenRow);
+  return terminal_.emulation().LineAt(FirstLine() + row).attribute;
+}
+
+QRect TerminalWidget::CellRect(int row, int column) const {
+  const int wide = AttributeOf(row) == vt::LineAttribute::SingleWidth ? 1 : 2;
+  return QRect(kMargin + column * wide * font_.CellWidth(), kMargin + row * font_.CellHeight(),
+               wide * font_.CellWidth(), font_.CellHeight());
+}
+
+QPoint TerminalWidget::CellAt(const QPoint& place) const {
+  const int row = std::clamp((place.y() - kMargin) / font_.CellHeight(), 0, Screen().Rows() - 1);
+  const bool wide = AttributeOf(row) != vt::LineAttribute::SingleWidth;
+  const int columns = wide ? Screen().Columns() / 2 : Screen().Columns();
+  const int width = font_.CellWidth() * (wide ? 2 : 1);
+  return {std::clamp((place.x() - kMargin) / width, 0, columns - 1), row};
+}
+
+TerminalSelection::Place TerminalWidget::PlaceAt(const QPoint& point) const {
+  const QPoint cell = CellAt(point);
+  const bool rightHalf = point.x() >= CellRect(cell.y(), cell.x()).center().x();
+  return {FirstLine() + cell.y(), cell.x() + (rightHalf ? 1 : 0)};
+}
+
+int TerminalWidget::CursorRow() const {
+  return Screen().CursorRow() + back_;
 }
 
 // --- size
 
 void TerminalWidget::FitFont() {
-  const vt::Screen& screen = terminal_.emulation().screen();
-  const int width = this->width() - bar_.sizeHint().width() - 2 * kMargin;
-  const int height = this->height() - 2 * kMargin;
-  Font wanted = terminal_.Font();
-  if (wanted.name.empty()) wanted.name = "VT220_ascii";
-  double size = wanted.size > 0 ? wanted.size : 12;
-  while (true) {
-    wanted.size = size;
-    font_ = ToQFont(wanted);
-    const QFontMetrics metrics(font_);
-    cellWidth_ = std::max(1, metrics.horizontalAdvance(QLatin1Char('M')));
-    cellHeight_ = std::max(1, metrics.height());
-    ascent_ = metrics.ascent();
-    const bool fits =
-        cellWidth_ * screen.Columns() <= width && cellHeight_ * screen.Rows() <= height;
-    if (fits || size <= kSmallestFont || width <= 0 || height <= 0) break;
-    size -= 0.5;
-  }
+  const QSize area(width() - bar_.sizeHint().width() - 2 * kMargin, height() - 2 * kMargin);
+  font_ = TerminalFont::Fit(terminal_.Font(), area, Screen().Columns(), Screen().Rows());
   update();
 }
 
@@ -78,23 +100,18 @@ void TerminalWidget::FitScrollBar() {
   back_ = std::clamp(back_, 0, lines);
   const QSignalBlocker quiet(bar_);
   bar_.setRange(0, lines);
-  bar_.setPageStep(terminal_.emulation().screen().Rows());
+  bar_.setPageStep(Screen().Rows());
   bar_.setValue(lines - back_);
 }
 
-QRect TerminalWidget::CellRect(int row, int column, int columns) const {
-  return QRect(kMargin + column * cellWidth_, kMargin + row * cellHeight_, columns * cellWidth_,
-               cellHeight_);
-}
-
-QPoint TerminalWidget::CellAt(const QPoint& place) const {
-  const vt::Screen& screen = terminal_.emulation().screen();
-  return {std::clamp((place.x() - kMargin) / cellWidth_, 0, screen.Columns() - 1),
-          std::clamp((place.y() - kMargin) / cellHeight_, 0, screen.Rows() - 1)};
-}
-
-int TerminalWidget::FirstLine() const {
-  return terminal_.emulation().ScrollbackCount() - back_;
+void TerminalWidget::ScrollTo(int firstLine) {
+  const int lines = terminal_.emulation().ScrollbackCount();
+  const int back = std::clamp(lines - firstLine, 0, lines);
+  if (back == back_) return;
+  back_ = back;
+  FitScrollBar();
+  update();
+  TellAssistiveTools();
 }
 
 // --- what the control tells
@@ -106,18 +123,20 @@ void TerminalWidget::TakeChange(Prop prop) {
       break;
     case Prop::Font:
     case Prop::ScreenSize:
+    case Prop::TermType:
+    case Prop::BufferRows:
+      TakeOutput();
       FitFont();
       FitScrollBar();
-      break;
-    case Prop::BufferRows:
-      FitScrollBar();
-      update();
       break;
     case Prop::BackColor:
     case Prop::ForeColor:
     case Prop::Selection:
-    case Prop::Cursor:
       update();
+      break;
+    case Prop::Cursor:
+    case Prop::Enabled:
+      UpdateRow(CursorRow());
       break;
     default:
       break;
@@ -125,216 +144,241 @@ void TerminalWidget::TakeChange(Prop prop) {
 }
 
 void TerminalWidget::UpdateRow(int row) {
-  update(0, CellRect(row, 0).top(), width(), cellHeight_);
+  update(0, kMargin + row * font_.CellHeight(), width(), font_.CellHeight());
 }
 
 void TerminalWidget::TakeOutput() {
   const vt::DirtyRows dirty = terminal_.emulation().TakeDirty();
-  const vt::Screen& screen = terminal_.emulation().screen();
+  FollowScrolling(dirty);
+  DropChangedSelection(dirty);
   if (dirty.resized) FitFont();
-  if (dirty.scrolledOff != 0 || dirty.dropped != 0 || dirty.resized) {
-    // A view of the scroll-back stays where it is while new lines go in below.
-    if (back_ > 0) back_ += static_cast<int>(std::min<std::int64_t>(dirty.scrolledOff, 1 << 20));
-    FitScrollBar();
+  if (Screen().ReverseScreen() != reverseScreen_) {
+    reverseScreen_ = Screen().ReverseScreen();
+    update();
   }
-  if (back_ == 0) {
-    for (int row = 0; row < screen.Rows(); ++row) {
-      if (dirty.Has(row)) UpdateRow(row);
-    }
-    const QPoint cursor(screen.CursorColumn(), screen.CursorRow());
-    if (cursor != cursor_) {
-      UpdateRow(cursor_.y());
-      UpdateRow(cursor.y());
-      cursor_ = cursor;
-    }
+  for (int row = 0; row + back_ < Screen().Rows(); ++row) {
+    if (dirty.Has(row)) UpdateRow(row + back_);
   }
-  if (QAccessible::isActive() && dirty.Any()) {
-    QAccessibleEvent changed(this, QAccessible::VisibleDataChanged);
-    QAccessible::updateAccessibility(&changed);
+  if (CursorRow() != cursorRow_) UpdateRow(cursorRow_);
+  cursorRow_ = CursorRow();
+  UpdateRow(cursorRow_);
+  if (QAccessible::isActive() && !news_.isActive()) news_.start(kNewsMilliseconds, this);
+}
+
+// New lines go in below a view of the scroll-back, which stays where it is unless the control wants
+// the newest lines seen.
+void TerminalWidget::FollowScrolling(const vt::DirtyRows& dirty) {
+  if (dirty.scrolledOff == 0 && dirty.dropped == 0 && !dirty.resized) return;
+  const std::int64_t lines = terminal_.emulation().ScrollbackCount();
+  if (dirty.dropped > 0) {
+    selection_.LinesDropped(static_cast<int>(std::min<std::int64_t>(dirty.dropped, INT_MAX / 2)));
   }
+  if (back_ > 0) {
+    const std::int64_t linesBefore = lines - dirty.scrolledOff + dirty.dropped;
+    const std::int64_t first = linesBefore - back_ - dirty.dropped;
+    back_ = terminal_.KeepScrolledView()
+                ? static_cast<int>(std::clamp<std::int64_t>(lines - first, 0, lines))
+                : 0;
+    update();
+  }
+  FitScrollBar();
+}
+
+// What has been selected is what reads selected: if the host writes over it, it is no more.
+void TerminalWidget::DropChangedSelection(const vt::DirtyRows& dirty) {
+  if (selection_.IsEmpty()) return;
+  const int first = terminal_.emulation().ScrollbackCount();
+  bool touched = dirty.resized;
+  for (int line = std::max(first, selection_.From().line); line <= selection_.To().line; ++line) {
+    const int row = line - first;
+    touched = touched || (row < Screen().Rows() && dirty.Has(row));
+  }
+  if (!touched || (!dirty.resized && selection_.StillShown())) return;
+  selection_.Clear();
+  update();
+  // In the middle of the host's output nobody is told; the user's side of things comes after it.
+  desktop().Post(EventKind::User, [self = QPointer<TerminalWidget>(this)] {
+    if (self && self->selection_.IsEmpty()) self->terminal_.UserSelect({});
+  });
+}
+
+void TerminalWidget::TellAssistiveTools() {
+  if (QAccessible::isActive()) AnnounceTerminal(*this);
 }
 
 // --- painting
 
-void TerminalWidget::paintEvent(QPaintEvent* event) {
-  QPainter painter(this);
-  painter.setFont(font_);
-  const TerminalColours colours(terminal_);
-  painter.fillRect(event->rect(), colours.Back());
-  const int first = std::max(0, (event->rect().top() - kMargin) / cellHeight_);
-  const int last = std::min(terminal_.emulation().screen().Rows() - 1,
-                            (event->rect().bottom() - kMargin) / cellHeight_);
-  bool blinks = false;
-  vt::Line line;
-  for (int row = first; row <= last; ++row) {
-    const int absolute = FirstLine() + row;
-    terminal_.emulation().ReadLine(absolute, line);
-    const TerminalPainter rowPainter(painter, colours, cellWidth_, cellHeight_, ascent_, blinkOff_);
-    blinks |= rowPainter.PaintLine(CellRect(row, 0).topLeft(), line,
-                                   [&](int column) { return IsSelected(absolute, column); });
-  }
-  if (back_ == 0) PaintCursor(painter);
-  if (blinks && !blink_.isActive()) blink_.start(kBlinkMilliseconds, this);
+TerminalPainter::CursorShape TerminalWidget::ShapeOfCursor() const {
+  if (!Screen().CursorVisible()) return TerminalPainter::CursorShape::None;
+  return hasFocus() && terminal_.SessionUp() ? TerminalPainter::CursorShape::Block
+                                             : TerminalPainter::CursorShape::Outline;
 }
 
-void TerminalWidget::PaintCursor(QPainter& painter) {
-  const vt::Screen& screen = terminal_.emulation().screen();
-  if (!screen.CursorVisible()) return;
-  cursor_ = {screen.CursorColumn(), screen.CursorRow()};
-  const bool wide = screen.LineAttributeAt(cursor_.y()) != vt::LineAttribute::SingleWidth;
-  const QRect cell = CellRect(cursor_.y(), cursor_.x() * (wide ? 2 : 1), wide ? 2 : 1);
-  if (hasFocus()) {
-    painter.setCompositionMode(QPainter::CompositionMode_Difference);
-    painter.fillRect(cell, Qt::white);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-  } else {
-    painter.setPen(TerminalColours(terminal_).Fore());
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(cell.adjusted(0, 0, -1, -1));
+void TerminalWidget::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  const TerminalColours colours(terminal_);
+  const QRegion& region = event->region();
+  for (const QRect& part : region) painter.fillRect(part, colours.Back());
+  for (int row = 0; row < Screen().Rows(); ++row) {
+    const int top = kMargin + row * font_.CellHeight();
+    if (region.intersects(QRect(0, top, width(), font_.CellHeight()))) {
+      PaintRow(painter, colours, row);
+    }
+  }
+  if (blinking_.any() && !blink_.isActive()) blink_.start(kBlinkMilliseconds, this);
+}
+
+void TerminalWidget::PaintRow(QPainter& painter, const TerminalColours& colours, int row) {
+  const int absolute = FirstLine() + row;
+  const vt::Line line = terminal_.emulation().LineAt(absolute);
+  const QPoint corner(kMargin, kMargin + row * font_.CellHeight());
+  const TerminalPainter rowPainter(painter, colours, font_, blinkOff_);
+  const bool blinks = rowPainter.PaintLine(
+      corner, line, [&](int column) { return selection_.Contains(absolute, column); });
+  blinking_.set(static_cast<std::size_t>(row), blinks);
+  if (row == CursorRow()) {
+    rowPainter.PaintCursor(corner, line, Screen().CursorColumn(), ShapeOfCursor());
   }
 }
 
 void TerminalWidget::timerEvent(QTimerEvent* event) {
-  if (event->timerId() != blink_.timerId()) return;
-  blinkOff_ = !blinkOff_;
-  blink_.stop();  // the next painting of blinking text starts it again
-  update();
+  if (event->timerId() == blink_.timerId()) {
+    blinkOff_ = !blinkOff_;
+    for (std::size_t row = 0; row < blinking_.size(); ++row) {
+      if (blinking_.test(row)) UpdateRow(static_cast<int>(row));
+    }
+    if (blinking_.none()) blink_.stop();
+  } else if (event->timerId() == news_.timerId()) {
+    news_.stop();
+    TellAssistiveTools();
+  } else if (event->timerId() == dragScroll_.timerId()) {
+    ScrollTo(FirstLine() + (pointer_.y() < 0 ? -1 : 1));
+    selection_.Extend(PlaceAt(pointer_));
+    update();
+  }
 }
 
 // --- keys
 
+bool TerminalWidget::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    // All keys are the host's, but those that open the menus.
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!(key->modifiers() & Qt::AltModifier)) event->accept();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
 void TerminalWidget::keyPressEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat() && !terminal_.emulation().AutoRepeat()) return;
   const bool shift = (event->modifiers() & Qt::ShiftModifier) != 0;
   if (shift && (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)) {
-    const int page = terminal_.emulation().screen().Rows() - 1;
-    bar_.setValue(bar_.value() + (event->key() == Qt::Key_PageUp ? -page : page));
+    const int page = std::max(1, Screen().Rows() - 1);
+    ScrollTo(FirstLine() + (event->key() == Qt::Key_PageUp ? -page : page));
     return;
   }
-  bar_.setValue(bar_.maximum());  // what is typed is seen
-  if (const auto key = ToTerminalKey(*event)) {
+  const auto key = ToTerminalKey(*event);
+  const std::string text = key ? std::string() : ToTerminalText(*event);
+  if (!key && text.empty()) return QWidget::keyPressEvent(event);
+  ScrollTo(terminal_.emulation().ScrollbackCount());  // what is typed is seen
+  if (key) {
     terminal_.UserKey(key->key, key->modifiers);
-  } else if (!event->text().isEmpty()) {
-    terminal_.UserText(ToBytes(event->text()));
   } else {
-    QWidget::keyPressEvent(event);
+    terminal_.UserText(text);
   }
 }
 
 void TerminalWidget::inputMethodEvent(QInputMethodEvent* event) {
-  if (!event->commitString().isEmpty()) terminal_.UserText(ToBytes(event->commitString()));
+  const std::string text = ToTypedBytes(event->commitString());
+  if (!text.empty()) terminal_.UserText(text);
   event->accept();
 }
 
 QVariant TerminalWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
-  if (query == Qt::ImCursorRectangle) return CellRect(cursor_.y(), cursor_.x());
+  if (query == Qt::ImCursorRectangle) return CellRect(CursorRow(), Screen().CursorColumn());
   return QWidget::inputMethodQuery(query);
 }
 
 void TerminalWidget::focusInEvent(QFocusEvent*) {
-  update();
+  UpdateRow(CursorRow());
 }
 void TerminalWidget::focusOutEvent(QFocusEvent*) {
-  update();
+  UpdateRow(CursorRow());
 }
 
 // --- selection
 
-TerminalWidget::Place TerminalWidget::PlaceAt(const QPoint& point) const {
+void TerminalWidget::ShowSelection() {
+  update();
+  ReportSelection();
+}
+
+void TerminalWidget::ReportSelection() {
+  terminal_.UserSelect(selection_.Report());
+}
+
+void TerminalWidget::StartSelection(const QPoint& point, Unit unit) {
   const QPoint cell = CellAt(point);
-  const bool rightHalf = point.x() - CellRect(cell.y(), cell.x()).left() >= cellWidth_ / 2;
-  return {FirstLine() + cell.y(), cell.x() + (rightHalf ? 1 : 0)};
-}
-
-bool TerminalWidget::IsSelected(int line, int column) const {
-  const Place cell{line, column};
-  return !(cell < selectionFrom_) && cell < selectionTo_;
-}
-
-void TerminalWidget::SelectTo(Place from, Place to) {
-  if (to < from) std::swap(from, to);
-  selectionFrom_ = from;
-  selectionTo_ = to;
+  selecting_ = true;
+  if (unit == Unit::Character) {
+    selection_.Begin(PlaceAt(point), unit);
+  } else {
+    selection_.Begin({FirstLine() + cell.y(), cell.x()}, unit);
+  }
   update();
 }
 
-void TerminalWidget::SelectWord(Place at) {
-  const std::string text = terminal_.emulation().LineText(at.line);
-  const auto isWord = [&](int column) {
-    return column >= 0 && column < static_cast<int>(text.size()) &&
-           text[static_cast<std::size_t>(column)] != ' ';
-  };
-  int first = at.column, last = at.column;
-  while (isWord(first - 1)) --first;
-  while (isWord(last)) ++last;
-  SelectTo({at.line, first}, {at.line, last});
-}
-
-// The lines that the selection touches, joined by CR LF, and the part of them that is selected.
-void TerminalWidget::ReportSelection() {
-  Terminal::Selection selection;
-  if (selectionFrom_ < selectionTo_) {
-    const int width = terminal_.emulation().screen().Columns() + 2;
-    for (int line = selectionFrom_.line; line <= selectionTo_.line; ++line) {
-      if (line > selectionFrom_.line) selection.text += "\r\n";
-      selection.text += terminal_.emulation().LineText(line);
-    }
-    selection.start = selectionFrom_.column + 1;
-    selection.length = (selectionTo_.line - selectionFrom_.line) * width + selectionTo_.column -
-                       selectionFrom_.column;
-  }
-  terminal_.UserSelect(std::move(selection));
-}
-
 void TerminalWidget::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::MiddleButton) {
-    const QString text = QApplication::clipboard()->text(QClipboard::Selection);
-    if (!text.isEmpty()) terminal_.UserText(ToBytes(text));
-    return;
-  }
   if (event->button() != Qt::LeftButton) return;
+  const QPointer<TerminalWidget> self(this);
   terminal_.UserClick();
-  const Place place = PlaceAt(event->position().toPoint());
-  const bool triple = QDateTime::currentMSecsSinceEpoch() - lastDoubleClick_ <
-                          QApplication::doubleClickInterval() &&
-                      (event->position().toPoint() - lastPress_).manhattanLength() < 8;
-  lastPress_ = event->position().toPoint();
-  if (triple) {
-    SelectTo({place.line, 0}, {place.line, terminal_.emulation().screen().Columns()});
-    ReportSelection();
-    return;
+  if (!self) return;  // the click's handler has closed the window
+  pointer_ = event->position().toPoint();
+  const bool third = QDateTime::currentMSecsSinceEpoch() - lastDoubleClickTime_ <
+                         QApplication::doubleClickInterval() &&
+                     (pointer_ - lastDoubleClick_).manhattanLength() < kThirdClickDistance;
+  if (third) {
+    StartSelection(pointer_, Unit::Line);
+  } else if (event->modifiers() & Qt::ShiftModifier) {
+    selecting_ = true;
+    selection_.Extend(PlaceAt(pointer_));
+    update();
+  } else {
+    StartSelection(pointer_, Unit::Character);
   }
-  if ((event->modifiers() & Qt::ShiftModifier) && anchor_) {
-    SelectTo(*anchor_, place);
-    ReportSelection();
-    return;
-  }
-  anchor_ = place;
-  SelectTo(place, place);
-}
-
-void TerminalWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (!(event->buttons() & Qt::LeftButton) || !anchor_) return;
-  if (event->position().y() < 0) bar_.setValue(bar_.value() - 1);
-  if (event->position().y() > height()) bar_.setValue(bar_.value() + 1);
-  SelectTo(*anchor_, PlaceAt(event->position().toPoint()));
-}
-
-void TerminalWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) ReportSelection();
 }
 
 void TerminalWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  lastDoubleClick_ = QDateTime::currentMSecsSinceEpoch();
-  const QPoint cell = CellAt(event->position().toPoint());
-  SelectWord({FirstLine() + cell.y(), cell.x()});
-  anchor_ = selectionFrom_;
-  ReportSelection();
+  lastDoubleClickTime_ = QDateTime::currentMSecsSinceEpoch();
+  lastDoubleClick_ = pointer_ = event->position().toPoint();
+  StartSelection(pointer_, Unit::Word);
+}
+
+void TerminalWidget::mouseMoveEvent(QMouseEvent* event) {
+  if (!selecting_ || !(event->buttons() & Qt::LeftButton)) return;
+  pointer_ = event->position().toPoint();
+  const bool beyond = pointer_.y() < 0 || pointer_.y() >= height();
+  if (beyond && !dragScroll_.isActive()) dragScroll_.start(kDragScrollMilliseconds, this);
+  if (!beyond) dragScroll_.stop();
+  selection_.Extend(PlaceAt(pointer_));
+  update();
+}
+
+void TerminalWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !selecting_) return;
+  selecting_ = false;
+  dragScroll_.stop();
+  // A click that selects nothing where nothing was selected is no news.
+  if (!selection_.IsEmpty() || terminal_.selection().length > 0) ShowSelection();
 }
 
 void TerminalWidget::wheelEvent(QWheelEvent* event) {
-  const int steps = event->angleDelta().y() / 120;
-  bar_.setValue(bar_.value() - steps * kLinesAWheelStep);
+  wheel_ += event->angleDelta().y();
+  const int steps = wheel_ / kWheelStep;
+  wheel_ -= steps * kWheelStep;
+  if (steps != 0) ScrollTo(FirstLine() - steps * kLinesOfAWheelStep);
   event->accept();
 }
 

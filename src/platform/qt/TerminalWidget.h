@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QBasicTimer>
-#include <QFont>
 #include <QScrollBar>
 #include <QWidget>
-#include <optional>
+#include <bitset>
 
 #include "platform/controls/TerminalControl.h"
+#include "platform/qt/TerminalFont.h"
+#include "platform/qt/TerminalPainter.h"
+#include "platform/qt/TerminalSelection.h"
 
 namespace quorvel {
 
@@ -17,16 +19,22 @@ class TerminalWidget : public QWidget {
  public:
   TerminalWidget(Terminal& terminal, QWidget* parent);
 
+  // A property of the control has changed, or (Prop::Screen) the host has written.
   void TakeChange(Prop prop);
 
-  Terminal& terminal() { return terminal_; }
-  // The cell rectangle of a row of what is shown (0 is the uppermost), in widget coordinates.
-  QRect CellRect(int row, int column, int columns = 1) const;
-  // The cell at a place, row and column kept inside the screen.
+  Terminal& terminal() const { return terminal_; }
+  // Absolute line (0 is the oldest of the scroll-back) that is shown uppermost.
+  int FirstLine() const { return terminal_.emulation().ScrollbackCount() - back_; }
+  // Where a column of a line is, in widget coordinates; rows count from the uppermost one shown.
+  QRect CellRect(int row, int column) const;
+  // Column (x) and row (y) at a place, kept inside the grid.
   QPoint CellAt(const QPoint& place) const;
-  int FirstLine() const;  // absolute line that is shown uppermost
+  TerminalSelection& selection() { return selection_; }
+  // Tells the control what is selected now, and shows it.
+  void ReportSelection();
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -40,46 +48,43 @@ class TerminalWidget : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
-  bool focusNextPrevChild(bool) override { return false; }  // Tab is the host's
 
  private:
-  // A place between cells: absolute line and column.
-  struct Place {
-    int line = 0;
-    int column = 0;
-    bool operator<(const Place& other) const {
-      return line != other.line ? line < other.line : column < other.column;
-    }
-    bool operator==(const Place&) const = default;
-  };
+  const vt::Screen& Screen() const { return terminal_.emulation().screen(); }
+  vt::LineAttribute AttributeOf(int row) const;
+  int CursorRow() const;  // among the rows shown
+  TerminalPainter::CursorShape ShapeOfCursor() const;
 
   void FitFont();
   void FitScrollBar();
+  void ScrollTo(int firstLine);
   void TakeOutput();
+  void FollowScrolling(const vt::DirtyRows& dirty);
+  void DropChangedSelection(const vt::DirtyRows& dirty);
+  void TellAssistiveTools();
   void UpdateRow(int row);
-  void PaintRow(QPainter& painter, int row);
-  void PaintCursor(QPainter& painter);
-  Place PlaceAt(const QPoint& point) const;
-  void SelectTo(Place from, Place to);
-  void SelectWord(Place at);
-  void ReportSelection();
-  bool IsSelected(int line, int column) const;
+  void PaintRow(QPainter& painter, const TerminalColours& colours, int row);
+  TerminalSelection::Place PlaceAt(const QPoint& point) const;
+  void StartSelection(const QPoint& point, TerminalSelection::Unit unit);
+  void ShowSelection();
 
   Terminal& terminal_;
   QScrollBar bar_;
-  QFont font_;
-  int cellWidth_ = 8;
-  int cellHeight_ = 16;
-  int ascent_ = 12;
-  int back_ = 0;   // lines scrolled back
-  QPoint cursor_;  // where it was painted: column and row
+  TerminalFont font_;
+  TerminalSelection selection_;
+  int back_ = 0;                        // lines scrolled back
+  int cursorRow_ = 0;                   // where the cursor was shown last
+  bool reverseScreen_ = false;          // as painted last
+  std::bitset<vt::kMaxRows> blinking_;  // rows that have blinking text
   bool blinkOff_ = false;
   QBasicTimer blink_;
-  std::optional<Place> anchor_;
-  Place selectionFrom_;
-  Place selectionTo_;
-  QPoint lastPress_;
-  qint64 lastDoubleClick_ = 0;
+  QBasicTimer dragScroll_;  // runs while a selection is drawn beyond the edge
+  QBasicTimer news_;        // for assistive tools, at most once a frame
+  bool selecting_ = false;
+  int wheel_ = 0;  // turned, not yet a whole step
+  QPoint pointer_;
+  QPoint lastDoubleClick_;
+  qint64 lastDoubleClickTime_ = 0;
 };
 
 }  // namespace quorvel

@@ -1,6 +1,8 @@
 #include "platform/qt/Text.h"
 
 #include <array>
+#include <cctype>
+#include <optional>
 
 namespace quorvel {
 namespace {
@@ -17,13 +19,19 @@ char16_t UnicodeOf(unsigned char byte) {
   return code ? code : byte;
 }
 
-char ByteOf(char16_t code) {
+// Of a character outside the code page: none.
+std::optional<char> ByteOf(char16_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
   for (unsigned i = 0; i < kUpperControls.size(); ++i) {
     const char16_t own = kUpperControls[i] ? kUpperControls[i] : static_cast<char16_t>(0x80 + i);
     if (own == code) return static_cast<char>(0x80 + i);
   }
-  return '?';
+  return std::nullopt;
+}
+
+bool IsWordCharacter(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return std::isalnum(byte) != 0 || byte >= 0x80;
 }
 
 }  // namespace
@@ -40,7 +48,15 @@ std::string ToBytes(const QString& text) {
   std::string bytes;
   bytes.reserve(static_cast<std::size_t>(text.size()));
   for (const QChar c : text) {
-    if (!c.isLowSurrogate()) bytes += ByteOf(c.unicode());  // a pair is one unknown character
+    if (!c.isLowSurrogate()) bytes += ByteOf(c.unicode()).value_or('?');  // a pair is one
+  }
+  return bytes;
+}
+
+std::string ToTypedBytes(const QString& text) {
+  std::string bytes;
+  for (const QChar c : text) {
+    if (const auto byte = ByteOf(c.unicode())) bytes += *byte;
   }
   return bytes;
 }
@@ -50,6 +66,19 @@ QString ToCaption(std::string_view bytes) {
   QString text = ToUnicode(bytes.substr(0, kLongestCaption));
   text.replace(QChar(0), QChar(' '));
   return cut ? text + QStringLiteral("...") : text;
+}
+
+QString ToMnemonic(std::string_view bytes) {
+  std::string text;
+  const std::string_view all = bytes.substr(0, kLongestCaption + 1);
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    text += all[i];
+    if (all[i] != '&') continue;
+    const char next = i + 1 < all.size() ? all[i + 1] : ' ';
+    if (next == '&') ++i;
+    if (!IsWordCharacter(next)) text += '&';
+  }
+  return ToCaption(text);
 }
 
 QString PathToUnicode(const std::string& path) {

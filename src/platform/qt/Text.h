@@ -14,9 +14,17 @@ QString ToUnicode(std::string_view bytes);
 // Characters outside the code page become "?".
 std::string ToBytes(const QString& text);
 
-// For captions and boxes: cut at kLongestCaption characters, with "..." behind.
+// Text that the user types: characters outside the code page are left out.
+std::string ToTypedBytes(const QString& text);
+
+// For captions, tips and rows of lists: NULs become blanks, and the text ends with "..." behind
+// kLongestCaption characters. No window is wide enough for more, and laying text out costs time.
 inline constexpr int kLongestCaption = 4000;
 QString ToCaption(std::string_view bytes);
+
+// For the caption of something that has a mnemonic: "&" ahead of a letter or digit marks it, "&&"
+// is one "&", and so is any other "&" ("Smith & Sons").
+QString ToMnemonic(std::string_view bytes);
 
 // A file name or path: UTF-8 on the outside, whatever it holds.
 QString PathToUnicode(const std::string& path);

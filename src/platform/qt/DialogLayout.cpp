@@ -1,0 +1,119 @@
+#include "platform/qt/DialogLayout.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "platform/controls/SimpleControls.h"
+#include "platform/controls/Window.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/WidgetPeer.h"
+
+namespace quorvel {
+namespace {
+
+// In characters of usual width, so that they follow the font.
+constexpr int kFieldWidth = 36;
+constexpr int kWidestText = 70;
+constexpr int kButtonWidth = 12;
+
+constexpr int kMargin = 16;  // pixels
+constexpr int kSpacing = 8;
+constexpr int kFieldSpacing = 14;
+
+int Characters(const QWidget& widget, int count) {
+  return widget.fontMetrics().averageCharWidth() * count;
+}
+
+bool HoldsPlaces(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Frame:
+    case ControlKind::Panel:
+    case ControlKind::TabStrip:
+    case ControlKind::Elastic:
+    case ControlKind::ListBox:
+    case ControlKind::ListView:
+    case ControlKind::Terminal:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The widget of a control in a row, with the sizes that a row gives it.
+QWidget* Prepared(const Control& control) {
+  QWidget* widget = WidgetOf(control);
+  if (control.kind() == ControlKind::Label) {
+    widget->setMinimumWidth(Characters(*widget, kFieldWidth));
+    widget->setMaximumWidth(Characters(*widget, kWidestText));
+  } else if (HoldsPlaces(control.kind()) && control.Width() > 0 && control.Height() > 0) {
+    // What lies on it has its places in twips.
+    widget->setMinimumSize(ToPixels(control.Width()), ToPixels(control.Height()));
+  }
+  return widget;
+}
+
+void AddField(QFormLayout& form, const LayoutRow& row) {
+  QWidget* label = WidgetOf(*row.label);
+  auto* line = new QHBoxLayout;
+  for (const Control* control : row.controls) {
+    QWidget* field = Prepared(*control);
+    field->setMinimumWidth(Characters(*field, kFieldWidth));
+    line->addWidget(field);
+  }
+  static_cast<QLabel*>(label)->setWordWrap(false);
+  form.addRow(label, line);
+}
+
+void AddButtons(QVBoxLayout& column, const LayoutRow& row) {
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(kSpacing);
+  buttons->addStretch(1);
+  for (const Control* button : row.controls) {
+    QWidget* widget = WidgetOf(*button);
+    widget->setMinimumWidth(Characters(*widget, kButtonWidth));
+    buttons->addWidget(widget);
+  }
+  column.addSpacing(kSpacing / 2);
+  column.addLayout(buttons);
+}
+
+QFormLayout* NewForm(QVBoxLayout& column) {
+  auto* form = new QFormLayout;
+  form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  form->setHorizontalSpacing(kFieldSpacing);
+  form->setVerticalSpacing(kSpacing);
+  column.addLayout(form);
+  return form;
+}
+
+}  // namespace
+
+void LayOut(const Window& window, QWidget& inside) {
+  auto* column = new QVBoxLayout(&inside);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(kSpacing);
+  QFormLayout* form = nullptr;
+  for (const LayoutRow& row : window.layout()) {
+    switch (row.kind) {
+      case LayoutRow::Kind::Field:
+        if (!form) form = NewForm(*column);
+        AddField(*form, row);
+        continue;
+      case LayoutRow::Kind::Buttons:
+        AddButtons(*column, row);
+        break;
+      case LayoutRow::Kind::Wide:
+      case LayoutRow::Kind::Stretch:
+        for (const Control* control : row.controls) {
+          column->addWidget(Prepared(*control), row.kind == LayoutRow::Kind::Stretch ? 1 : 0);
+        }
+        break;
+    }
+    form = nullptr;
+  }
+}
+
+}  // namespace quorvel

@@ -1,0 +1,178 @@
+#include "platform/qt/DialogPeer.h"
+
+#include <QApplication>
+#include <QLayout>
+#include <QMenuBar>
+#include <QResizeEvent>
+#include <QTimer>
+
+#include "platform/controls/Desktop.h"
+#include "platform/qt/DialogLayout.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/WindowPeer.h"
+#include "platform/qt/WindowWidget.h"
+
+namespace quorvel {
+namespace {
+
+class DialogWidget : public WindowWidget {
+ public:
+  DialogWidget(Window& window, QWidget* parent)
+      : WindowWidget(window, parent,
+                     Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                         Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+        inside(new QWidget(this)) {
+    inside->installEventFilter(this);
+  }
+
+  void AddMenuBar(const QList<QAction*>& entries) {
+    bar_ = new QMenuBar(this);
+    bar_->setNativeMenuBar(false);
+    bar_->addActions(entries);
+  }
+  // Makes the inside as large as the window asks, or as its rows need.
+  void TakeSize() {
+    if (!window_) return;
+    const QSize frame = frameGeometry().size() - size();
+    const QSize wanted(ToPixels(window_->Width()), ToPixels(window_->Height()));
+    SetSize(wanted - frame);
+  }
+  void TakeSizeOfRows() {
+    inside->layout()->activate();
+    const QSize hint = inside->sizeHint();
+    const QSize whole(hint.width(), hint.height() + BarHeight(hint.width()));
+    if (!isVisible() || whole != size()) SetSize(whole);
+  }
+  void TakePlace() {
+    if (!window_) return;
+    const QPoint place(ToPixels(window_->Left()), ToPixels(window_->Top()));
+    if (pos() != place) move(place);
+    placed_ = true;
+  }
+  // A dialog that nobody has placed comes up over the middle of the one below.
+  void PlaceIfNobodyHas() {
+    if (placed_ || !parentWidget()) return;
+    move(parentWidget()->frameGeometry().center() - rect().center());
+    if (window_) window_->UserMove(ToTwips(x()), ToTwips(y()));
+  }
+  void TellSize() {
+    if (!window_) return;
+    const QSize whole = frameGeometry().size();
+    const QSize frame = whole - size();
+    window_->AdoptFrame(ToTwips(frame.width()), ToTwips(frame.height() + BarHeight(width())));
+    const bool known = ToPixels(window_->Width()) == whole.width() &&
+                       ToPixels(window_->Height()) == whole.height();
+    if (known) return;
+    if (window_->Resizable && isVisible()) {
+      window_->UserResize(ToTwips(whole.width()), ToTwips(whole.height()));
+    } else {
+      window_->Width.Adopt(ToTwips(whole.width()));
+      window_->Height.Adopt(ToTwips(whole.height()));
+    }
+  }
+
+  QWidget* const inside;
+
+ protected:
+  bool event(QEvent* event) override {
+    // The window system puts the frame on behind our back.
+    if (event->type() == QEvent::Show) QTimer::singleShot(0, this, [this] { TellSize(); });
+    return WindowWidget::event(event);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // The rows need more or less room than before: a label has another text, for example.
+    const bool fixed = window_ && !window_->Resizable && inside->layout();
+    if (event->type() == QEvent::LayoutRequest && fixed && isVisible()) TakeSizeOfRows();
+    return WindowWidget::eventFilter(watched, event);
+  }
+  void resizeEvent(QResizeEvent*) override {
+    const int barHeight = BarHeight(width());
+    if (bar_) bar_->setGeometry(0, 0, width(), barHeight);
+    inside->setGeometry(0, barHeight, width(), std::max(0, height() - barHeight));
+    TellSize();
+  }
+  void moveEvent(QMoveEvent*) override {
+    if (!window_ || !isVisible()) return;
+    if (ToPixels(window_->Left()) == x() && ToPixels(window_->Top()) == y()) return;
+    window_->UserMove(ToTwips(x()), ToTwips(y()));
+  }
+
+ private:
+  int BarHeight(int width) const { return bar_ ? std::max(0, bar_->heightForWidth(width)) : 0; }
+  void SetSize(const QSize& wanted) {
+    if (window_ && !window_->Resizable) {
+      setFixedSize(wanted.expandedTo(QSize(1, 1)));
+    } else {
+      resize(wanted);
+    }
+    const int barHeight = BarHeight(width());
+    inside->setGeometry(0, barHeight, width(), std::max(0, height() - barHeight));
+    if (bar_) bar_->setGeometry(0, 0, width(), barHeight);
+  }
+
+  QMenuBar* bar_ = nullptr;
+  bool placed_ = false;
+};
+
+class DialogPeer : public QtWindowPeer {
+ public:
+  DialogPeer(Window& window, QWidget* parent)
+      : QtWindowPeer(window, new DialogWidget(window, parent)) {
+    if (!menus().BarEntries().isEmpty()) Own().AddMenuBar(menus().BarEntries());
+    for (const Prop prop : {Prop::Caption, Prop::Enabled}) Update(prop);
+    if (window.layout().empty()) Own().TakeSize();
+    if (window.Left() != 0 || window.Top() != 0) Own().TakePlace();
+  }
+
+  void Built() override {
+    if (!window_.layout().empty()) {
+      LayOut(window_, *Own().inside);
+      Own().TakeSizeOfRows();
+    }
+    Own().TellSize();
+    QtWindowPeer::Built();
+  }
+  void Update(Prop prop) override {
+    if (!Widget()) return;
+    switch (prop) {
+      case Prop::Left:
+      case Prop::Top:
+        return Own().TakePlace();
+      case Prop::Width:
+      case Prop::Height:
+        return Own().TakeSize();
+      default:
+        return QtWindowPeer::Update(prop);
+    }
+  }
+  void Show(bool modal) override {
+    Own().setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    Own().PlaceIfNobodyHas();
+    Own().show();
+  }
+  void Hide() override {
+    if (!Widget()) return;
+    auto* below = dynamic_cast<WindowWidget*>(Widget()->parentWidget());
+    const bool wasActive = Widget()->isActiveWindow();
+    Widget()->hide();
+    if (below && wasActive && !QApplication::activeModalWidget()) below->activateWindow();
+  }
+  void Raise() override {
+    Own().raise();
+    Own().activateWindow();
+  }
+
+ protected:
+  QWidget* InsideFor(const Control&) override { return Own().inside; }
+
+ private:
+  DialogWidget& Own() { return *static_cast<DialogWidget*>(Widget()); }
+};
+
+}  // namespace
+
+std::unique_ptr<WindowPeer> MakeDialogPeer(Window& window, QWidget* parent) {
+  return std::make_unique<DialogPeer>(window, parent);
+}
+
+}  // namespace quorvel

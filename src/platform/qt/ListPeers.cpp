@@ -1,0 +1,257 @@
+// The peers of combo boxes, list boxes and list views. Their rows are read from the control when
+// they are shown: adding many costs nothing but a flag.
+
+#include <QAbstractListModel>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QTimer>
+
+#include "platform/controls/Lists.h"
+#include "platform/qt/ControlPeers.h"
+#include "platform/qt/LineLimit.h"
+#include "platform/qt/Pictures.h"
+#include "platform/qt/Text.h"
+#include "platform/qt/WidgetPeer.h"
+
+namespace quorvel {
+namespace {
+
+// The rows of a control as the toolkit reads them.
+class RowsModel : public QAbstractListModel {
+ public:
+  struct Row {
+    QString text;
+    QIcon icon;
+  };
+  RowsModel(std::function<std::size_t()> count, std::function<Row(std::size_t)> row)
+      : count_(std::move(count)), row_(std::move(row)) {}
+
+  int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : known_; }
+  QVariant data(const QModelIndex& index, int role) const override {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (row >= count_()) return {};  // taken away since the last refresh
+    if (role == Qt::DisplayRole || role == Qt::EditRole) return row_(row).text;
+    if (role == Qt::DecorationRole) return row_(row).icon;
+    return {};
+  }
+  void Refresh() {
+    beginResetModel();
+    known_ = static_cast<int>(count_());
+    endResetModel();
+  }
+
+ private:
+  std::function<std::size_t()> count_;
+  std::function<Row(std::size_t)> row_;
+  int known_ = 0;
+};
+
+// What lists have in common: rows that are refreshed late, once for many changes, but ahead of
+// anything that the user sees or does.
+class ListPeer : public WidgetPeer {
+ public:
+  ListPeer(Control& control, QWidget* widget, std::unique_ptr<RowsModel> model)
+      : WidgetPeer(control, widget), model_(std::move(model)) {
+    refresh_.setSingleShot(true);
+    connect(&refresh_, &QTimer::timeout, this, [this] { RefreshNow(); });
+  }
+
+ protected:
+  RowsModel& model() { return *model_; }
+  void RowsChanged() {
+    due_ = true;
+    refresh_.start(0);
+  }
+  bool RefreshIsDue() const { return due_; }
+  void RefreshNow() {
+    if (!due_) return;
+    due_ = false;
+    const Mirror mirror(*this);
+    model_->Refresh();
+    ShowState();
+  }
+  // Shows selection and text; called with the rows up to date.
+  virtual void ShowState() = 0;
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::Paint:
+      case QEvent::KeyPress:
+      case QEvent::MouseButtonPress:
+        RefreshNow();
+        break;
+      default:
+        break;
+    }
+    return WidgetPeer::eventFilter(watched, event);
+  }
+
+ private:
+  const std::unique_ptr<RowsModel> model_;
+  QTimer refresh_;
+  bool due_ = false;
+};
+
+std::unique_ptr<RowsModel> ModelOf(const ListRows& rows) {
+  return std::make_unique<RowsModel>([&rows] { return rows.All().size(); },
+                                     [&rows](std::size_t row) {
+                                       return RowsModel::Row{ToCaption(rows.All()[row]), QIcon()};
+                                     });
+}
+
+class ComboPeer : public ListPeer {
+ public:
+  ComboPeer(ComboBox& combo, QWidget* parent)
+      : ListPeer(combo, new QComboBox(parent), ModelOf(combo.List)), combo_(combo) {
+    constexpr int kNarrowest = 12;  // characters; measuring all rows would cost too much
+    Own()->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    Own()->setMinimumContentsLength(kNarrowest);
+    Own()->setInsertPolicy(QComboBox::NoInsert);
+    Own()->setEditable(combo.style == ComboBox::Style::DropDown);
+    Own()->setModel(&model());
+    if (auto* view = qobject_cast<QListView*>(Own()->view())) view->setUniformItemSizes(true);
+    if (QLineEdit* line = Own()->lineEdit()) {
+      Own()->setCompleter(nullptr);
+      connect(line, &QLineEdit::textEdited, this, [this](const QString& text) { Edit(text); });
+    }
+    connect(Own(), &QComboBox::activated, this, [this](int index) {
+      const QPointer<ComboPeer> self(this);
+      combo_.UserPick(index);
+      if (self) self->Update(Prop::ListIndex);
+    });
+    UpdateAll();
+  }
+  void Apply(Prop prop) override {
+    switch (prop) {
+      case Prop::Items:
+        return RowsChanged();
+      case Prop::Text:
+      case Prop::ListIndex:
+      case Prop::MaxLength:
+        if (!RefreshIsDue()) ShowState();
+        return;
+      default:
+        return;
+    }
+  }
+
+ protected:
+  void ShowState() override {
+    Own()->setCurrentIndex(combo_.ListIndex());
+    QLineEdit* line = Own()->lineEdit();
+    if (!line) return;
+    LimitLine(*line, combo_.MaxLength(), combo_.Text());
+    const QString text = ToUnicode(combo_.Text());
+    if (line->text() == text) return;
+    const int cursor = line->cursorPosition();
+    line->setText(text);
+    if (editing_) line->setCursorPosition(std::min(cursor, static_cast<int>(text.size())));
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    // The wheel turns pages; it changes a choice only where the keyboard is.
+    if (event->type() == QEvent::Wheel && !Own()->hasFocus()) {
+      event->ignore();
+      return true;
+    }
+    return ListPeer::eventFilter(watched, event);
+  }
+
+ private:
+  QComboBox* Own() { return static_cast<QComboBox*>(Widget()); }
+  void Edit(const QString& text) {
+    const QPointer<ComboPeer> self(this);
+    editing_ = true;
+    combo_.UserEdit(ToBytes(text));
+    if (!self) return;  // the change has closed the window
+    editing_ = false;
+    const Mirror mirror(*this);
+    ShowState();
+  }
+
+  ComboBox& combo_;
+  bool editing_ = false;
+};
+
+// List boxes and list views; rows count from 0 here, -1 is none.
+class RowsPeer : public ListPeer {
+ public:
+  struct Doings {
+    std::function<int()> selected;
+    std::function<void(int row)> pick;
+  };
+  RowsPeer(Control& control, QWidget* parent, std::unique_ptr<RowsModel> model, Doings doings)
+      : ListPeer(control, new QListView(parent), std::move(model)), doings_(std::move(doings)) {
+    Own()->setModel(&this->model());
+    Own()->setUniformItemSizes(true);
+    Own()->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    connect(Own()->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+      const QModelIndexList rows = Own()->selectionModel()->selectedIndexes();
+      if (!Mirroring() && !rows.isEmpty()) doings_.pick(rows.first().row());
+    });
+    connect(Own(), &QListView::doubleClicked, this, [this] { this->control().UserDblClick(); });
+    UpdateAll();
+  }
+  void Apply(Prop prop) override {
+    if (prop == Prop::Items) RowsChanged();
+    if (prop == Prop::ListIndex && !RefreshIsDue()) ShowState();
+  }
+
+ protected:
+  void ShowState() override {
+    const int row = doings_.selected();
+    if (row < 0) {
+      Own()->selectionModel()->clear();
+    } else {
+      Own()->setCurrentIndex(model().index(row));
+    }
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      RefreshNow();
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      const int rows = model().rowCount({});
+      // The toolkit would count from its invisible current row when none is selected.
+      if (doings_.selected() < 0 && rows > 0 && (key == Qt::Key_Down || key == Qt::Key_Up)) {
+        doings_.pick(key == Qt::Key_Down ? 0 : rows - 1);
+        return true;
+      }
+    }
+    return ListPeer::eventFilter(watched, event);
+  }
+
+ private:
+  QListView* Own() { return static_cast<QListView*>(Widget()); }
+  Doings doings_;
+};
+
+}  // namespace
+
+std::unique_ptr<WidgetPeer> MakeComboBox(ComboBox& combo, QWidget* parent) {
+  return std::make_unique<ComboPeer>(combo, parent);
+}
+
+std::unique_ptr<WidgetPeer> MakeListBox(ListBox& list, QWidget* parent) {
+  return std::make_unique<RowsPeer>(list, parent, ModelOf(list.List),
+                                    RowsPeer::Doings{[&list] { return list.ListIndex(); },
+                                                     [&list](int row) { list.UserPick(row); }});
+}
+
+std::unique_ptr<WidgetPeer> MakeListView(ListView& list, QWidget* parent) {
+  auto model = std::make_unique<RowsModel>(
+      [&list] { return list.Items().size(); },
+      [&list](std::size_t row) {
+        const ListView::Item& item = list.Items()[row];
+        return RowsModel::Row{ToCaption(item.text), PictureIcon(item.icon)};
+      });
+  auto peer =
+      std::make_unique<RowsPeer>(list, parent, std::move(model),
+                                 RowsPeer::Doings{[&list] { return list.SelectedIndex() - 1; },
+                                                  [&list](int row) { list.UserPick(row + 1); }});
+  // One column without a heading: what does not fit ends in dots.
+  static_cast<QListView*>(peer->Widget())->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  return peer;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,55 @@
+#include "platform/qt/QtApplication.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+#include "platform/RuntimeError.h"
+#include "platform/qt/Text.h"
+
+namespace quorvel {
+namespace {
+
+QString FolderOfUser() {
+  const QString asked = qEnvironmentVariable("QUORVEL_HOME");
+  if (!asked.isEmpty()) return asked;
+#ifdef Q_OS_WIN
+  return QCoreApplication::applicationDirPath();
+#else
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/quorvel";
+#endif
+}
+
+}  // namespace
+
+QtApplication::QtApplication(const QStringList& arguments)
+    : copies_([this] { return ToUnicode(title_); }, [this] { ComeToFront(); }) {
+  // A path with blanks needs no quotes: all words together are one path.
+  commandLine_ = PathToBytes(arguments.mid(1).join(' '));
+}
+
+void QtApplication::ComeToFront() {
+  if (!window_) return;
+  window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+  window_->raise();
+  window_->activateWindow();
+}
+
+std::string QtApplication::Folder() {
+  const QString folder = QDir::cleanPath(QDir(FolderOfUser()).absolutePath());
+  if (!QDir().mkpath(folder)) {
+    throw RuntimeError(Failure::PathNotFound, std::string(FailureText(Failure::PathNotFound)) +
+                                                  ": " + PathToBytes(folder));
+  }
+  return PathToBytes(QDir::toNativeSeparators(folder));
+}
+
+char QtApplication::PathSeparator() const {
+  return QDir::separator().toLatin1();
+}
+
+bool QtApplication::ActivateCopy(const std::string& title) {
+  return copies_.Activate(ToUnicode(title));
+}
+
+}  // namespace quorvel

@@ -1,0 +1,54 @@
+#include "platform/qt/Screenshot.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
+#include <algorithm>
+
+namespace quorvel {
+namespace {
+
+constexpr int kTitleHeight = 24;  // pixels
+constexpr QRgb kFrame = 0xff455a64;
+
+bool IsMenu(const QWidget& window) {
+  return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip;
+}
+
+// Boxes above dialogs, menus above everything.
+int Height(const QWidget& window) {
+  if (IsMenu(window)) return 3;
+  return &window == QApplication::activeModalWidget() ? 2 : 1;
+}
+
+void DrawFrame(QPainter& painter, const QRect& place, const QString& title) {
+  const QRect bar(place.left() - 1, place.top() - kTitleHeight, place.width() + 2, kTitleHeight);
+  painter.fillRect(bar, QColor(kFrame));
+  painter.setPen(Qt::white);
+  painter.drawText(bar.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, title);
+  painter.setPen(QColor(kFrame));
+  painter.drawRect(place.adjusted(-1, 0, 0, 0));
+}
+
+}  // namespace
+
+QPixmap PictureOfAll(QWidget& shell) {
+  QPixmap picture = shell.grab();
+  QPainter painter(&picture);
+  painter.setFont(QApplication::font());
+  QWidgetList above;
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window != &shell && window->isVisible() && !window->size().isEmpty()) above << window;
+  }
+  std::stable_sort(above.begin(), above.end(),
+                   [](const QWidget* a, const QWidget* b) { return Height(*a) < Height(*b); });
+  const QPoint corner = shell.mapToGlobal(QPoint(0, 0));
+  for (QWidget* window : above) {
+    const QRect place(window->mapToGlobal(QPoint(0, 0)) - corner, window->size());
+    painter.drawPixmap(place.topLeft(), window->grab());
+    if (!IsMenu(*window)) DrawFrame(painter, place, window->windowTitle());
+  }
+  return picture;
+}
+
+}  // namespace quorvel

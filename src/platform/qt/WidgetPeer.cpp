@@ -1,0 +1,194 @@
+#include "platform/qt/WidgetPeer.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QMouseEvent>
+
+#include "platform/controls/Desktop.h"
+#include "platform/controls/SimpleControls.h"
+#include "platform/controls/TabStrip.h"
+#include "platform/qt/Accessibility.h"
+#include "platform/qt/Looks.h"
+#include "platform/qt/Text.h"
+#include "platform/qt/WindowPeer.h"
+
+namespace quorvel {
+namespace {
+
+// Whether a row of its dialog's layout holds the control, so that the layout places it.
+bool IsLaidOut(Control& control) {
+  for (const LayoutRow& row : control.window().layout()) {
+    if (row.label == &control) return true;
+    if (std::find(row.controls.begin(), row.controls.end(), &control) != row.controls.end()) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool IsOnHiddenPage(Control& control) {
+  const Control* outer = control.parent().AsControl();
+  return outer && outer->kind() == ControlKind::TabStrip &&
+         static_cast<const TabStrip*>(outer)->Tab() != control.Page();
+}
+
+// Panels at the bottom of the main window are placed by it.
+bool IsPlacedByShell(Control& control) {
+  return control.kind() == ControlKind::Panel && static_cast<Panel&>(control).AlignBottom &&
+         control.window().kind() == Window::Kind::Main;
+}
+
+// Kinds whose widgets tell nothing of clicks themselves.
+bool NeedsClicks(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Label:
+    case ControlKind::TextBox:
+    case ControlKind::Panel:
+    case ControlKind::PictureBox:
+    case ControlKind::Elastic:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+QWidget* WidgetOf(const Control& control) {
+  return control.peer() ? static_cast<WidgetPeer*>(control.peer())->Widget() : nullptr;
+}
+
+WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+  widget->setObjectName(ToUnicode(control.CodeName()));
+  widget->installEventFilter(this);
+  if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) {
+    area->viewport()->installEventFilter(this);  // that is where the mouse is
+  }
+  // Boxes of text keep the toolkit's menu of cut, copy and paste.
+  if (control.kind() != ControlKind::TextBox) widget->setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+// The widget may be in one of its own events.
+WidgetPeer::~WidgetPeer() {
+  if (!widget_) return;
+  widget_->removeEventFilter(this);
+  widget_->disconnect();
+  widget_->hide();
+  widget_->setObjectName(QString());
+  widget_->setParent(nullptr);
+  widget_->deleteLater();
+}
+
+void WidgetPeer::UpdateAll() {
+  for (const Prop prop :
+       {Prop::Left, Prop::Font, Prop::BackColor, Prop::Caption, Prop::ToolTipText, Prop::Text,
+        Prop::MaxLength, Prop::PasswordChar, Prop::Locked, Prop::Items, Prop::Tabs, Prop::Tab,
+        Prop::Value, Prop::Default, Prop::Picture, Prop::Enabled, Prop::Visible}) {
+    Update(prop);
+  }
+}
+
+void WidgetPeer::Update(Prop prop) {
+  if (!widget_) return;
+  const Mirror mirror(*this);
+  switch (prop) {
+    case Prop::Left:
+    case Prop::Top:
+    case Prop::Width:
+    case Prop::Height:
+      Place();
+      break;
+    case Prop::Visible:
+    case Prop::Page:
+      widget_->setVisible(control_.Visible() && !IsOnHiddenPage(control_));
+      break;
+    case Prop::Enabled:
+      widget_->setEnabled(control_.Enabled());
+      break;
+    case Prop::Font:
+      widget_->setFont(control_.Font() == Font{} ? QFont() : ToQFont(control_.Font()));
+      break;
+    case Prop::BackColor:
+    case Prop::ForeColor:
+      Colour();
+      break;
+    case Prop::ToolTipText:
+    case Prop::Caption:
+    case Prop::AccessibleText:
+      // Tips are plain text; the toolkit would take some for markup.
+      widget_->setToolTip(ToCaption(control_.ToolTipText()).toHtmlEscaped());
+      QtWindowPeer::Of(control_.window()).NamesChanged();
+      break;
+    default:
+      break;
+  }
+  Apply(prop);
+}
+
+void WidgetPeer::Place() {
+  if (IsLaidOut(control_) || IsPlacedByShell(control_)) return;
+  widget_->setGeometry(ToPixels(control_.Left()), ToPixels(control_.Top()),
+                       ToPixels(control_.Width()), ToPixels(control_.Height()));
+}
+
+void WidgetPeer::Colour() {
+  if (control_.kind() == ControlKind::Terminal) return;  // paints its own
+  QPalette palette;
+  const auto set = [&palette](int colour, std::initializer_list<QPalette::ColorRole> roles) {
+    if (colour < 0) return;
+    for (const auto role : roles) palette.setColor(role, ToQColor(colour));
+  };
+  set(control_.BackColor(), {QPalette::Window, QPalette::Base, QPalette::Button});
+  set(control_.ForeColor(), {QPalette::WindowText, QPalette::Text, QPalette::ButtonText});
+  widget_->setAutoFillBackground(control_.BackColor() >= 0);
+  widget_->setPalette(palette);
+}
+
+void WidgetPeer::Describe() {
+  if (!widget_) return;
+  QWidget* spokesman = Spokesman();
+  spokesman->setAccessibleName(ToCaption(control_.AccessibleName()));
+  spokesman->setAccessibleDescription(
+      AccessibleDescription(ToCaption(control_.ToolTipText()), control_.CodeName()));
+}
+
+void WidgetPeer::ShowFocus() {
+  if (!widget_) return;
+  const Mirror mirror(*this);
+  QWidget* window = widget_->window();
+  const QWidget* active = QApplication::activeWindow();
+  const QWidget* modal = QApplication::activeModalWidget();
+  // From one of our windows to another; never out of another program, and not past a box.
+  if (active && active != window && (!modal || modal == window)) window->activateWindow();
+  widget_->setFocus(Qt::OtherFocusReason);
+}
+
+bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      // The other reasons are the toolkit's own: switching programs, menus, lists that pop up.
+      if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason && !Mirroring()) {
+        control_.UserFocus();
+      }
+      return false;
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+      return NeedsClicks(control_.kind()) && TakeMouse(*event);
+    default:
+      return QObject::eventFilter(watched, event);
+  }
+}
+
+// Nothing of this object may be used behind the calls: a handler may close the window.
+bool WidgetPeer::TakeMouse(QEvent& event) {
+  const auto& mouse = static_cast<QMouseEvent&>(event);
+  if (mouse.button() != Qt::LeftButton) return false;
+  if (event.type() == QEvent::MouseButtonDblClick) {
+    control_.UserDblClick();
+  } else if (widget_->rect().contains(mouse.position().toPoint())) {
+    control_.UserClick();
+  }
+  return false;
+}
+
+}  // namespace quorvel
