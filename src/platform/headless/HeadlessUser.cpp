@@ -18,22 +18,23 @@ void MoveInList(ListView& list, int by) {
   list.UserPick(std::clamp(from + by, 1, count));
 }
 
-void EraseBefore(TextBox& box) {
+// The text without what is selected, which a key is about to replace.
+std::string TakeSelected(TextBox& box) {
   std::string text = box.Text();
-  if (box.SelLength() > 0) {
-    text.erase(static_cast<std::size_t>(box.SelStart()), static_cast<std::size_t>(box.SelLength()));
-  } else if (!text.empty()) {
-    text.pop_back();
-  }
+  text.erase(static_cast<std::size_t>(box.SelStart()), static_cast<std::size_t>(box.SelLength()));
+  box.UserSelect(box.SelStart(), 0);
+  return text;
+}
+
+void EraseBefore(TextBox& box) {
+  const bool selected = box.SelLength() > 0;
+  std::string text = TakeSelected(box);
+  if (!selected && !text.empty()) text.pop_back();
   box.UserEdit(text);
 }
 
 void InsertInto(TextBox& box, char c) {
-  std::string text = box.Text();
-  if (box.SelLength() > 0) {
-    text.erase(static_cast<std::size_t>(box.SelStart()), static_cast<std::size_t>(box.SelLength()));
-  }
-  box.UserEdit(text + c);
+  box.UserEdit(TakeSelected(box) + c);
 }
 
 }  // namespace
