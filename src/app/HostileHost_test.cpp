@@ -3,31 +3,21 @@
 
 #include <random>
 
-#include <gtest/gtest.h>
-
-#include "app/SessionTest.h"
-#include "link/Marks.h"
+#include "app/FarEndTest.h"
 #include "link/Requests.h"
 #include "link/frmPassword.h"
 
 namespace quorvel {
 namespace {
 
-std::string Frame(const std::vector<std::string>& fields) {
-  std::string frame = "\x7F";
-  for (std::size_t i = 0; i < fields.size(); ++i)
-    frame += (i ? std::string(1, FS) : "") + fields[i];
-  return frame + "\x7F";
-}
-
 std::string MenuFrame() {
-  return Frame({"~STARTMENU~", "ID",
-                "Title\xFE"
-                "Tab\xFEOne\xFDTab\xFETwo\xFDTab",
-                "\xFE"
-                "A.MENU\xFE"
-                "B",
-                "who"});
+  return FrameOf({"~STARTMENU~", "ID",
+                  "Title\xFE"
+                  "Tab\xFEOne\xFDTab\xFETwo\xFDTab",
+                  "\xFE"
+                  "A.MENU\xFE"
+                  "B",
+                  "who"});
 }
 
 // The states of a session that the host can misbehave in, and how to get there.
@@ -58,7 +48,7 @@ void AtMenu(ClientTest& client) {
 }
 void InCapture(ClientTest& client) {
   AtMenu(client);
-  client.Deliver(Frame({"~CAPTURE-ON~", "", "", ""}));
+  client.Deliver(FrameOf({"~CAPTURE-ON~", "", "", ""}));
 }
 void InFrame(ClientTest& client) {
   AtMenu(client);
@@ -79,45 +69,171 @@ void LeaveBoxesToTheirDefault(ClientTest& client) {
   };
 }
 
+// One read of a host gone mad: marks, words of the protocol and single bytes, in any order.
+std::string RandomRead(std::mt19937& random) {
+  static const std::string kPieces[] = {"\x7F",          std::string(1, FS),
+                                        "\xFE",          "\xFD",
+                                        "~STARTMENU~",   "~MSGBOX~",
+                                        "~CAPTURE-OFF~", "~GETPASSWORD~",
+                                        "~CASELOGIC~",   "~ERRORMSG~",
+                                        "~GENOUT~",      "~LISTBOX~",
+                                        "ogin",          "word",
+                                        "\xFF\xFD\x18",  "\xFF\xFA\x18\x01\xFF\xF0",
+                                        "\x1B[",         "\x1BP",
+                                        "\r\n",          "9"};
+  std::string bytes;
+  for (int i = 0; i < 12; ++i) {
+    if (random() % 3 == 0) {
+      bytes += static_cast<char>(random());
+    } else {
+      bytes += kPieces[random() % std::size(kPieces)];
+    }
+  }
+  return bytes;
+}
+
 TEST(HostileHost, RandomBytesInEveryState) {
   std::mt19937 random(7);
-  const std::string pieces[] = {"\x7F",
-                                std::string(1, FS),
-                                "\xFE",
-                                "\xFD",
-                                "~STARTMENU~",
-                                "~MSGBOX~",
-                                "~CAPTURE-OFF~",
-                                "~GETPASSWORD~",
-                                "~ERRORMSG~",
-                                "~GENOUT~",
-                                "~LISTBOX~",
-                                "ogin",
-                                "word",
-                                "\xFF\xFD\x18",
-                                "\xFF\xFA",
-                                "\x1B[",
-                                "\x1BP",
-                                "\r\n",
-                                "9"};
   for (const State& state : kStates) {
     SCOPED_TRACE(state.name);
     ClientTest client;
     state.reach(client);
     LeaveBoxesToTheirDefault(client);
     for (int read = 0; read < 300 && !client.backend.ended; ++read) {
-      std::string bytes;
-      for (int i = 0; i < 12; ++i) {
-        if (random() % 3 == 0) {
-          bytes += static_cast<char>(random());
-        } else {
-          bytes += pieces[random() % std::size(pieces)];
-        }
-      }
-      client.Deliver(bytes);
+      client.Deliver(RandomRead(random));
     }
     EXPECT_FALSE(client.backend.stalled);
   }
+}
+
+// States in which the program waits inside an event of its own.
+struct Wait {
+  const char* name;
+  bool forRequest;  // without a reply it lasts as long as the process
+  void (*begin)(ClientTest&);
+};
+
+void AskTheHost(std::function<void()> request) {
+  desktop().Post(EventKind::User, std::move(request));
+}
+
+const Wait kWaits[] = {
+    {"a read", true, [](ClientTest&) { AskTheHost([] { ReadRecord("FILE", "KEY"); }); }},
+    {"a write", true,
+     [](ClientTest&) { AskTheHost([] { WriteRecord("FILE", "KEY", "r", "t"); }); }},
+    {"a hook", true, [](ClientTest&) { AskTheHost([] { CaseCall("argument"); }); }},
+    {"an option", true, [](ClientTest&) { AskTheHost(RunOption); }},
+    {"a screen", true, [](ClientTest&) { AskTheHost(OpenAllFiles); }},
+    {"a password", false,
+     [](ClientTest& client) {
+       client.Line().Deliver(FrameOf({"~GETPASSWORD~", "Payroll"}));
+     }},
+    {"a box", false,
+     [](ClientTest& client) {
+       client.Line().Deliver(FrameOf({"~MSGBOX~", "Title", "Text"}));
+     }},
+};
+
+// Plays a wait in which the host makes `reads` random reads, then drops the link. Then the user
+// closes what is open.
+void PlayWait(ClientTest& client, const Wait& wait, int reads, std::mt19937& random) {
+  auto hostActs = [&client, &random, reads]() mutable {
+    if (!client.Line().open) return false;
+    if (reads-- > 0) {
+      client.Line().Deliver(RandomRead(random));
+    } else {
+      client.Line().HangUp();
+    }
+    return true;
+  };
+  client.backend.onMessageBox = [&hostActs](const MessageBoxRequest&) {
+    hostActs();
+    while (desktop().ServeOne()) {
+    }
+    return MessageBoxAnswer::Ok;
+  };
+  AtMenu(client);
+  client.backend.onIdle = [&hostActs] {
+    if (hostActs()) return true;
+    frmPassword* dialog = LoadedForm<frmPassword>();
+    if (!dialog || !dialog->IsVisible()) return false;
+    dialog->cmdExit.UserClick();
+    return true;
+  };
+  wait.begin(client);
+  client.backend.RunUntilIdle();
+  client.backend.onIdle = nullptr;
+  client.backend.onMessageBox = nullptr;
+}
+
+TEST(HostileHost, TheLinkEndsWhileTheProgramWaits) {
+  std::mt19937 random(11);
+  for (const Wait& wait : kWaits) {
+    SCOPED_TRACE(wait.name);
+    ClientTest client;
+    PlayWait(client, wait, 0, random);
+    EXPECT_EQ(LoadedForm<frmTelnet>(), nullptr);
+    EXPECT_EQ(client.backend.stalled, wait.forRequest);
+  }
+}
+
+TEST(HostileHost, RandomBytesWhileTheProgramWaits) {
+  std::mt19937 random(13);
+  for (const Wait& wait : kWaits) {
+    SCOPED_TRACE(wait.name);
+    int stalled = 0;
+    for (int round = 0; round < 20; ++round) {
+      ClientTest client;
+      PlayWait(client, wait, 30, random);
+      EXPECT_EQ(LoadedForm<frmTelnet>(), nullptr);
+      stalled += client.backend.stalled ? 1 : 0;
+    }
+    EXPECT_TRUE(stalled == 0 || wait.forRequest) << stalled;
+  }
+}
+
+// Frames that are whole, with any fields behind any token.
+TEST(HostileHost, RandomFrames) {
+  const char* const tokens[] = {"~STARTMENU~",   "~ENTRYSCREEN~", "~CASELOGIC~", "~GENOUT~",
+                                "~MAINT.MODE~",  "~ENTRY.MODE~",  "~DOSEXE~",    "~SHOWIMAGE~",
+                                "~LISTBOX~",     "~LISTBOXF~",    "~MSGBOX~",    "~CAPTURE-ON~",
+                                "~CAPTURE-OFF~", "~GETPASSWORD~", "~FIELDHELP~", "~STARTPRINT~",
+                                "~STOPPRINT~",   "~ERRORMSG~",    "~OPENERROR~", ""};
+  const std::string pieces[] = {"\xFE",
+                                "\xFD",
+                                "\xFC",
+                                "A",
+                                "9",
+                                "-1",
+                                "32768",
+                                " ",
+                                "MENU",
+                                "*",
+                                std::string(1, '\0'),
+                                std::string(400, 'x')};
+  std::mt19937 random(17);
+  ClientTest client;
+  AtMenu(client);
+  LeaveBoxesToTheirDefault(client);
+  for (int round = 0; round < 3000; ++round) {
+    Texts fields = {tokens[random() % std::size(tokens)]};
+    for (auto left = random() % 7; left > 0; --left) {
+      fields.emplace_back();
+      for (auto more = random() % 9; more > 0; --more) {
+        fields.back() += pieces[random() % std::size(pieces)];
+      }
+    }
+    Session().ScreenLoaded = random() % 2 ? kTrue : kFalse;
+    Session().FieldList =
+        "9\xFD"
+        "-1";
+    client.Deliver(FrameOf(fields));
+  }
+  EXPECT_FALSE(client.backend.ended);
+  Session().ScreenLoaded = kFalse;
+  client.Deliver(MenuFrame());
+  EXPECT_EQ(LoadedForm<frmSubMenu>()->lstOptions(0).Items().size(), 2u);
+  EXPECT_TRUE(LoadedForm<frmSubMenu>()->tabMenu.Visible());
 }
 
 TEST(HostileHost, ADroppedLinkInEveryState) {
@@ -161,7 +277,7 @@ TEST(HostileHost, AMenuBeyondItsLimitsEndsInOneBox) {
   AtTerminal(client);
   std::string text = "Title\xFEOnly";
   for (int i = 0; i < 101; ++i) text += "\xFEOption\xFDOnly";
-  client.Deliver(Frame({"~STARTMENU~", "ID", text, "", ""}));
+  client.Deliver(FrameOf({"~STARTMENU~", "ID", text, "", ""}));
   ASSERT_EQ(client.backend.messageBoxes.size(), 1u);
   EXPECT_EQ(client.backend.messageBoxes[0].text, "Run-time error '9':\n\nSubscript out of range");
   client.backend.messageBoxes.clear();
@@ -173,7 +289,7 @@ TEST(HostileHost, AMenuBeyondItsLimitsEndsInOneBox) {
 TEST(HostileHost, BoxesWithoutEndNestOnlySoFar) {
   ClientTest client;
   AtTerminal(client);
-  const std::string box = Frame({"~MSGBOX~", "Title", "Text"});
+  const std::string box = FrameOf({"~MSGBOX~", "Title", "Text"});
   std::string flood;
   for (int i = 0; i < 500; ++i) flood += box;
   int open = 0, deepest = 0;
@@ -208,7 +324,7 @@ TEST(HostileHost, AHostThatIsNotReadIsHeldBack) {
     EXPECT_FALSE(client.Line().reading);
     return MessageBoxAnswer::Ok;
   };
-  client.Deliver(Frame({"~MSGBOX~", "Title", "Text"}));
+  client.Deliver(FrameOf({"~MSGBOX~", "Title", "Text"}));
   EXPECT_TRUE(client.Line().reading);
 }
 
