@@ -251,7 +251,7 @@ TEST_F(EventBehaviour, TheEndOfTheProcessUnwindsEveryWait) {
     });
     Do([] {
       const NoteAtEnd mark("wait unwound");
-      desktop().WaitWhile([] { return true; });
+      desktop().WaitWhile([] { return !desktop().IsEnding(); });
       Note("unreachable");
     });
     Entries entries = Take();

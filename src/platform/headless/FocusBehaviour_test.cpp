@@ -197,6 +197,14 @@ TEST_F(LostFocusBehaviour, KeysGoNowhereUntilTheHandlerIsDone) {
        [] {},
        {"done", "One.txtC.GotFocus"},
        "One.txtC"},
+      {"from the middle: not the first, the next",
+       [] {
+         One().txtB.SetFocus();
+         One().txtB.Enabled = false;
+       },
+       [] {},
+       {"One.txtB.GotFocus", "done", "One.txtC.GotFocus"},
+       "One.txtC"},
       {"SetFocus elsewhere settles it",
        [] { One().txtA.Enabled = false; },
        [] { One().txtC.SetFocus(); },
@@ -294,7 +302,7 @@ TEST_F(FocusBehaviour, SetFocusAcrossChildWindowsBringsTheirsToTheFront) {
   EXPECT_EQ(Two().txtB.Text(), "x");
   // An Activate that gives the keyboard to a control gives it once.
   One().onActivate = [] { One().txtB.SetFocus(); };
-  Do([] { One().Show(); });
+  Do([] { One().txtB.SetFocus(); });
   EXPECT_EQ(Take(), (Entries{"One.Activate", "One.txtB.GotFocus"}));
   // When the one in front goes, the one below is there.
   Do([] { One().Hide(); });

@@ -64,6 +64,17 @@ TEST_F(ModalBehaviour, TheFocusComesBackExactlyOnce) {
   }
 }
 
+TEST_F(ModalBehaviour, AControlDisabledMeanwhileGetsItBack) {
+  user->Meanwhile([] { Dialog().Unload(); });
+  Do([] {
+    One().txtB.Enabled = false;
+    Dialog().ShowModal();
+    One().txtB.Enabled = true;
+    Take();
+  });
+  EXPECT_EQ(Take(), Entries{"One.txtB.GotFocus"});
+}
+
 TEST_F(ModalBehaviour, NestedModalWindowsGiveItBackOneByOne) {
   Dialog().cmdOK.Click = [] {
     Inner().ShowModal();
@@ -143,6 +154,9 @@ TEST_F(ModalBehaviour, AMessageBoxComesAndGoesWithoutAnyEvent) {
   const MessageBoxRequest shown{"Line 1\nLine <b>2</b> & more", "Title", yesNo};
   ASSERT_EQ(user->boxes.size(), 3u);
   EXPECT_EQ(user->boxes[2], shown);
+  desktop().backend().application().SetTitle("Program");
+  Do([] { desktop().MsgBox("untitled"); });
+  EXPECT_EQ(user->boxes.back().title, "Program");
   Type("y");
   EXPECT_EQ(One().txtB.Text(), "y");
 }
@@ -174,7 +188,10 @@ TEST_F(ClosingBehaviour, EachQuestionRunsOnceAndMayRefuse) {
 
 TEST_F(ClosingBehaviour, AClosingInsideTheQuestionIsTheSameClosing) {
   ShowOne();
-  One().onQueryUnload = [](bool&) { EXPECT_TRUE(One().Unload()); };
+  One().onQueryUnload = [form = &One()](bool&) {
+    EXPECT_TRUE(form->Unload());
+    EXPECT_FALSE(form->IsLoaded());
+  };
   Do([] { EXPECT_TRUE(One().Unload()); });
   EXPECT_EQ(Take(), (Entries{"One.QueryUnload", "One.Unload"}));
 }
@@ -281,6 +298,7 @@ TEST_F(MenuBehaviour, ADisabledWindowsMenuStillWorks) {
   }
   Click(One().cmdOK);
   Type("x");
+  Do([] { One().txtB.SetFocus(); });
   EXPECT_EQ(Take(), Entries{});
   EXPECT_EQ(One().txtA.Text(), "");
   Do([] { One().Enabled = true; });

@@ -105,8 +105,8 @@ struct KeyRow {
 constexpr KeyRow kKeys[] = {
     {KeyCode::Tab, Qt::Key_Tab},       {KeyCode::Return, Qt::Key_Return},
     {KeyCode::Escape, Qt::Key_Escape}, {KeyCode::Backspace, Qt::Key_Backspace},
-    {KeyCode::End, Qt::Key_End},       {KeyCode::Down, Qt::Key_Down},
-    {KeyCode::F12, Qt::Key_F12},
+    {KeyCode::Home, Qt::Key_Home},     {KeyCode::End, Qt::Key_End},
+    {KeyCode::Down, Qt::Key_Down},     {KeyCode::F12, Qt::Key_F12},
 };
 
 class QtTestDesktop : public BehaviourTestDesktop {
