@@ -1,5 +1,6 @@
 #include "platform/qt/MenuSet.h"
 
+#include "platform/controls/Control.h"
 #include "platform/controls/Window.h"
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/Text.h"
@@ -52,6 +53,7 @@ void MenuSet::Update(const MenuItem& item) {
   if (!action) return;  // made after the window was loaded
   action->setSeparator(item.IsSeparator());
   action->setText(ToMnemonic(item.Caption()));
+  if (action->menu()) action->menu()->setAccessibleName(ToCaption(WithoutMnemonic(item.Caption())));
   action->setEnabled(item.Enabled());
   action->setVisible(item.Visible());
   action->setCheckable(item.Checked());

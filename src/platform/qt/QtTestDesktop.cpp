@@ -321,8 +321,7 @@ class QtTestDesktop : public BehaviourTestDesktop {
       EXPECT_TRUE(widget->isVisibleTo(&top) && widget->isEnabledTo(&top)) << control.CodeName();
     }
     EXPECT_EQ(ToBytes(widget->objectName()), control.CodeName());
-    const QWidget* named = widget->focusProxy() ? widget->focusProxy() : widget;
-    EXPECT_EQ(ToBytes(named->accessibleName()), control.AccessibleName()) << control.CodeName();
+    EXPECT_EQ(ToBytes(widget->accessibleName()), control.AccessibleName()) << control.CodeName();
     if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
       EXPECT_EQ(ToBytes(line->text()), static_cast<TextBox&>(control).Text());
     } else if (const auto* combo = qobject_cast<const QComboBox*>(widget)) {

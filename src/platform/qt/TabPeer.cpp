@@ -88,9 +88,6 @@ class TabPeer : public WidgetPeer {
     }
   }
 
- protected:
-  QWidget* Spokesman() override { return &Row(); }
-
  private:
   TabHolder* Own() const { return static_cast<TabHolder*>(Widget()); }
   TabRow& Row() const { return *Own()->row; }

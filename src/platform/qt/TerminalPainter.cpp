@@ -67,11 +67,21 @@ constexpr char16_t kCheckerboard = 0x2592;
 constexpr char16_t kFirstScanLine = 0x23BA;
 constexpr char16_t kLastScanLine = 0x23BD;
 
+// The pictures of control characters in the same set, which few fonts have: two letters each.
+struct ControlPicture {
+  char16_t glyph;
+  const char* letters;
+};
+constexpr ControlPicture kControls[] = {{0x2409, "HT"}, {0x240A, "LF"}, {0x240B, "VT"},
+                                        {0x240C, "FF"}, {0x240D, "CR"}, {0x2424, "NL"}};
+
 // Whether a character is drawn here rather than taken from the font.
 bool IsDrawn(char16_t glyph) {
   return (glyph >= kFirstScanLine && glyph <= kLastScanLine) || glyph == kCheckerboard ||
          std::any_of(std::begin(kBoxes), std::end(kBoxes),
-                     [glyph](const Box& box) { return box.glyph == glyph; });
+                     [glyph](const Box& box) { return box.glyph == glyph; }) ||
+         std::any_of(std::begin(kControls), std::end(kControls),
+                     [glyph](const ControlPicture& control) { return control.glyph == glyph; });
 }
 
 const vt::Cell& CellOf(const vt::Line& line, int column) {
@@ -179,6 +189,18 @@ void TerminalPainter::PaintText(const vt::Line& line, int from, int to, bool bol
   font_.Draw(painter_, cells, bold);
 }
 
+// Two letters in one cell, the first above and left of the second.
+void TerminalPainter::DrawSmall(const char* letters, const QRect& cell) const {
+  QFont font = painter_.font();
+  font.setPixelSize(std::max(5, cell.height() / 2));
+  painter_.setFont(font);
+  const QSize half(cell.width(), cell.height() / 2);
+  painter_.drawText(QRect(cell.topLeft(), half), Qt::AlignLeft | Qt::AlignVCenter,
+                    QString(QLatin1Char(letters[0])));
+  painter_.drawText(QRect(QPoint(cell.left(), cell.top() + half.height()), half),
+                    Qt::AlignRight | Qt::AlignVCenter, QString(QLatin1Char(letters[1])));
+}
+
 bool TerminalPainter::DrawBox(char16_t glyph, const QRect& cell) const {
   constexpr int kCellsOfALine = 16;  // a line is as thick as this part of the cell's height
   const QColor ink = painter_.pen().color();
@@ -194,6 +216,11 @@ bool TerminalPainter::DrawBox(char16_t glyph, const QRect& cell) const {
     static constexpr int kEighths[] = {0, 2, 6, 8};
     const int top = cell.top() + kEighths[glyph - kFirstScanLine] * (cell.height() - thick) / 8;
     painter_.fillRect(QRect(cell.left(), top, cell.width(), thick), ink);
+    return true;
+  }
+  for (const ControlPicture& control : kControls) {
+    if (control.glyph != glyph) continue;
+    DrawSmall(control.letters, cell);
     return true;
   }
   for (const Box& box : kBoxes) {

@@ -54,6 +54,7 @@ class TerminalPainter {
                 const TerminalColours::Pair& pair) const;
   void PaintText(const vt::Line& line, int from, int to, bool bold) const;
   bool DrawBox(char16_t glyph, const QRect& cell) const;
+  void DrawSmall(const char* letters, const QRect& cell) const;
 
   QPainter& painter_;
   const TerminalColours& colours_;

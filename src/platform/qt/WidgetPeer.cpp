@@ -146,9 +146,8 @@ void WidgetPeer::Colour() {
 
 void WidgetPeer::Describe() {
   if (!widget_) return;
-  QWidget* spokesman = Spokesman();
-  spokesman->setAccessibleName(ToCaption(control_.AccessibleName()));
-  spokesman->setAccessibleDescription(
+  widget_->setAccessibleName(ToCaption(control_.AccessibleName()));
+  widget_->setAccessibleDescription(
       AccessibleDescription(ToCaption(control_.ToolTipText()), control_.CodeName()));
 }
 

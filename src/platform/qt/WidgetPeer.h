@@ -40,8 +40,6 @@ class WidgetPeer : public QObject, public ControlPeer {
   };
   // The kind's own half of a change.
   virtual void Apply(Prop prop) = 0;
-  // The widget that has the accessible name, where it is a part of the whole.
-  virtual QWidget* Spokesman() { return widget_; }
 
  private:
   void Place();
