@@ -17,6 +17,7 @@
 #include "link/StartUp.h"
 #include "platform/controls/Desktop.h"
 #include "platform/headless/HeadlessBackend.h"
+#include "terminal/frmTelnet.h"
 
 namespace quorvel {
 namespace {
@@ -77,7 +78,14 @@ void PlaySession(HeadlessBackend& backend, Meets state, std::size_t cut, std::st
     return true;
   };
   backend.RunUntilIdle();
-  if (line->open && !backend.ended) std::abort();
+  if (backend.ended) return;
+  if (line->open) std::abort();
+  // The next session.
+  desktop.Handle(EventKind::Program, [] { StartSession(); });
+  if (backend.lines.back() == line) std::abort();
+  backend.lines.back()->Accept();
+  backend.RunUntilIdle();
+  if (!LoadedForm<frmTelnet>()) std::abort();
 }
 
 }  // namespace
