@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# ./bench.sh [NAME]: builds release and runs the benchmarks, all or one (records, receiver, menu).
+# ./bench.sh [NAME]: builds release and runs the benchmarks, all or one (records, receiver, menu,
+# terminal).
 # One tab-separated line a figure: name, value, unit, peer, the peer's value, ratio of ours to the
 # peer's; the last three are empty where there is no peer.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
 
-install_packages >&2
+install_packages scripts/packages-bench.txt >&2
 build release >&2
 found=""
 for program in build/release/bench/bench_*; do

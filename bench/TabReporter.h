@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,9 @@ namespace quorvel::bench {
 // of ours to the peer's; the last three are empty where there is no peer.
 //
 // A benchmark named "x" whose peer is measured by another one of the same run is registered with
-// the label "peer:NAME", NAME being that benchmark; peers are printed too. The figure is bytes a
-// second where the benchmark counts bytes, else nanoseconds a turn.
+// the label "peer:NAME", NAME being that benchmark; several names, separated by commas, give a line
+// each. Peers are printed too. The figure is bytes a second where the benchmark counts bytes, else
+// nanoseconds a turn.
 class TabReporter : public benchmark::BenchmarkReporter {
  public:
   bool ReportContext(const Context&) override { return true; }
@@ -29,14 +31,12 @@ class TabReporter : public benchmark::BenchmarkReporter {
     std::map<std::string, double> values;
     for (const Figure& figure : figures_) values[figure.name] = figure.value;
     for (const Figure& figure : figures_) {
-      std::printf("%s\t%.4g\t%s\t", figure.name.c_str(), figure.value, figure.unit.c_str());
-      const auto peer = values.find(figure.peer);
-      if (peer == values.end()) {
-        std::printf("\t\t\n");
-      } else {
-        std::printf("%s\t%.4g\t%.3g\n", figure.peer.c_str(), peer->second,
-                    figure.value / peer->second);
-      }
+      std::istringstream peers(figure.peers);
+      std::string peer;
+      do {
+        std::getline(peers, peer, ',');
+        PrintLine(figure, peer, values);
+      } while (!peers.eof());
     }
   }
 
@@ -45,8 +45,19 @@ class TabReporter : public benchmark::BenchmarkReporter {
     std::string name;
     double value;
     std::string unit;
-    std::string peer;
+    std::string peers;
   };
+
+  static void PrintLine(const Figure& figure, const std::string& peer,
+                        const std::map<std::string, double>& values) {
+    std::printf("%s\t%.4g\t%s\t", figure.name.c_str(), figure.value, figure.unit.c_str());
+    const auto found = values.find(peer);
+    if (found == values.end()) {
+      std::printf("\t\t\n");
+    } else {
+      std::printf("%s\t%.4g\t%.3g\n", peer.c_str(), found->second, figure.value / found->second);
+    }
+  }
 
   static Figure FigureOf(const Run& run) {
     Figure figure{run.run_name.str(), run.GetAdjustedRealTime(), "ns", ""};
@@ -56,7 +67,7 @@ class TabReporter : public benchmark::BenchmarkReporter {
       figure.unit = "B/s";
     }
     const std::string mark = "peer:";
-    if (run.report_label.rfind(mark, 0) == 0) figure.peer = run.report_label.substr(mark.size());
+    if (run.report_label.rfind(mark, 0) == 0) figure.peers = run.report_label.substr(mark.size());
     return figure;
   }
 

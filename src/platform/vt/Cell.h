@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace quorvel::vt {
 
@@ -88,6 +89,10 @@ static_assert(sizeof(Cell) == 8);
 // A cell as one word, for loops over many cells.
 constexpr std::uint64_t Bits(const Cell& cell) {
   return std::bit_cast<std::uint64_t>(cell);
+}
+// One store; an assignment from bit_cast becomes four (g++ 12).
+inline void StoreBits(Cell* cell, std::uint64_t bits) {
+  std::memcpy(static_cast<void*>(cell), &bits, sizeof bits);
 }
 constexpr std::uint64_t kGlyphBits = Bits(Cell{0xFFFF, {}});
 constexpr int kGlyphShift = std::endian::native == std::endian::little ? 0 : 48;

@@ -83,6 +83,13 @@ constexpr StandIn kStandIns[] = {
 };
 // clang-format on
 
+// The sets of 94 by final byte.
+constexpr auto kSetByFinal = [] {
+  std::array<std::optional<CharacterSet>, 128> sets{};
+  for (const Designator& row : kSets94) sets[static_cast<std::size_t>(row.final)] = row.set;
+  return sets;
+}();
+
 using SetTable = std::array<Glyphs96, static_cast<std::size_t>(CharacterSet::Count)>;
 
 constexpr Glyphs96& At(SetTable& table, CharacterSet set) {
@@ -119,20 +126,22 @@ constexpr SetTable kSets = MakeSets();
 
 constexpr GlyphMap MakeMap(const Glyphs96& left, const Glyphs96& right) {
   GlyphMap map{};
-  map.fill(' ');
+  map.glyphs.fill(' ');
   for (std::size_t i = 0; i < 96; ++i) {
-    map[0x20 + i] = left[i];
-    map[0xA0 + i] = right[i];
+    map.glyphs[0x20 + i] = left[i];
+    map.glyphs[0xA0 + i] = right[i];
   }
-  for (std::size_t i = 0; i < 32; ++i) map[0x80 + i] = kUpperControls[i];
+  for (std::size_t i = 0; i < 32; ++i) map.glyphs[0x80 + i] = kUpperControls[i];
+  map.showsAscii = left == kSets[static_cast<std::size_t>(CharacterSet::Ascii)];
   return map;
 }
 
 constexpr GlyphMap MakePlain() {
   GlyphMap map = MakeMap(kSets[static_cast<std::size_t>(CharacterSet::Ascii)],
                          kSets[static_cast<std::size_t>(CharacterSet::CodePage)]);
-  for (std::size_t i = 0; i < 32; ++i) map[i] = static_cast<Unicode>(0x2400 + i);
-  map[0x7F] = 0x2421;
+  for (std::size_t i = 0; i < 32; ++i) map.glyphs[i] = static_cast<Unicode>(0x2400 + i);
+  map.glyphs[0x7F] = 0x2421;
+  map.showsAscii = false;  // not its controls
   return map;
 }
 
@@ -143,9 +152,8 @@ const Glyphs96& GlyphsOf(CharacterSet set) {
 }
 
 std::optional<CharacterSet> SetOf94(char final) {
-  const auto* found = std::ranges::find(kSets94, final, &Designator::final);
-  if (found == std::end(kSets94)) return std::nullopt;
-  return found->set;
+  const auto code = static_cast<unsigned char>(final);
+  return code < kSetByFinal.size() ? kSetByFinal[code] : std::nullopt;
 }
 
 std::optional<CharacterSet> SetOf96(char final) {
@@ -185,12 +193,14 @@ void CharacterSets::Designate(int g, CharacterSet set) {
 
 void CharacterSets::LockLeft(int g) {
   left_ = g;
-  std::ranges::copy(GlyphsOf(designated_[static_cast<std::size_t>(g)]), map_.begin() + 0x20);
+  const CharacterSet set = designated_[static_cast<std::size_t>(g)];
+  std::ranges::copy(GlyphsOf(set), map_.glyphs.begin() + 0x20);
+  map_.showsAscii = set == CharacterSet::Ascii;
 }
 
 void CharacterSets::LockRight(int g) {
   right_ = g;
-  std::ranges::copy(GlyphsOf(designated_[static_cast<std::size_t>(g)]), map_.begin() + 0xA0);
+  std::ranges::copy(GlyphsOf(designated_[static_cast<std::size_t>(g)]), map_.glyphs.begin() + 0xA0);
 }
 
 std::uint16_t CharacterSets::TakeShifted(unsigned char byte) {

@@ -30,7 +30,14 @@ enum class CharacterSet : std::uint8_t {
 };
 
 using Glyphs96 = std::array<std::uint16_t, 96>;  // for the codes 0x20 to 0x7F, or 0xA0 to 0xFF
-using GlyphMap = std::array<std::uint16_t, 256>;
+
+// What each byte is shown as.
+struct GlyphMap {
+  std::array<std::uint16_t, 256> glyphs{};
+  bool showsAscii = false;  // whatever is printed below 0x80 is shown as itself
+
+  bool operator==(const GlyphMap&) const = default;
+};
 
 // The glyphs of a set. Sets of 94 characters have a blank at 0x20 and nothing at 0x7F.
 const Glyphs96& GlyphsOf(CharacterSet set);

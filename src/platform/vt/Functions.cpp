@@ -123,7 +123,18 @@ constexpr auto kControlByCode = [] {
   return handlers;
 }();
 
+// The places of characters in `prefixes`, by code; -1 for all others.
+constexpr std::array<std::int8_t, 128> PlacesOf(std::string_view prefixes) {
+  std::array<std::int8_t, 128> places{};
+  places.fill(-1);
+  for (std::size_t i = 0; i < prefixes.size(); ++i) {
+    places[static_cast<std::size_t>(prefixes[i])] = static_cast<std::int8_t>(i);
+  }
+  return places;
+}
+
 constexpr std::string_view kEscapePrefixes("\0 #()*+-./", 10);
+constexpr auto kEscapePrefixPlaces = PlacesOf(kEscapePrefixes);
 constexpr std::size_t kEscapeFinals = 80;  // 0x30 to 0x7F
 constexpr auto kEscapeByCode = [] {
   std::array<const EscapeRow*, kEscapePrefixes.size() * kEscapeFinals> rows{};
@@ -137,14 +148,21 @@ constexpr auto kEscapeByCode = [] {
 }();
 
 constexpr std::string_view kCsiPrefixes("\0?>!\"", 5);
+constexpr auto kCsiPrefixPlaces = PlacesOf(kCsiPrefixes);
 constexpr std::size_t kFinals = 64;  // 0x40 to 0x7F
+constexpr std::size_t kLevels = static_cast<std::size_t>(Level::Vt220) + 1;
+void Unknown(Machine&, const Sequence&) {}
+// One handler for every sequence at every level, so that calling it asks nothing more.
 constexpr auto kCsiByCode = [] {
-  std::array<const CsiRow*, kCsiPrefixes.size() * kFinals> rows{};
+  std::array<Handler, kLevels * kCsiPrefixes.size() * kFinals> handlers{};
+  for (Handler& handler : handlers) handler = Unknown;
   for (const CsiRow& row : kCsi) {
-    rows[kCsiPrefixes.find(row.prefix) * kFinals + static_cast<std::size_t>(row.final - 0x40)] =
-        &row;
+    for (auto level = static_cast<std::size_t>(row.level); level < kLevels; ++level) {
+      const std::size_t prefix = level * kCsiPrefixes.size() + kCsiPrefixes.find(row.prefix);
+      handlers[prefix * kFinals + static_cast<std::size_t>(row.final - 0x40)] = row.handler;
+    }
   }
-  return rows;
+  return handlers;
 }();
 
 }  // namespace
@@ -160,23 +178,20 @@ void Machine::EscapeDispatch(const Sequence& sequence) {
     return;
   }
   if (sequence.prefix > 0x7F) return;
-  const std::size_t prefix = kEscapePrefixes.find(static_cast<char>(sequence.prefix));
-  if (prefix == std::string_view::npos) return;
-  const EscapeRow* const row =
-      kEscapeByCode[prefix * kEscapeFinals + static_cast<std::size_t>(sequence.final - 0x30)];
+  const int prefix = kEscapePrefixPlaces[sequence.prefix];
+  if (prefix < 0) return;
+  const EscapeRow* const row = kEscapeByCode[static_cast<std::size_t>(prefix) * kEscapeFinals +
+                                             static_cast<std::size_t>(sequence.final - 0x30)];
   if (row != nullptr && level >= row->level) row->handler(*this, sequence);
 }
 
 void Machine::CsiDispatch(const Sequence& sequence) {
-  std::size_t prefix = 0;
-  if (sequence.prefix != 0) {
-    if (sequence.prefix > 0x7F) return;
-    prefix = kCsiPrefixes.find(static_cast<char>(sequence.prefix));
-    if (prefix == std::string_view::npos) return;
-  }
-  const CsiRow* const row =
-      kCsiByCode[prefix * kFinals + static_cast<std::size_t>(sequence.final - 0x40)];
-  if (row != nullptr && level >= row->level) row->handler(*this, sequence);
+  if (sequence.prefix > 0x7F) return;
+  const int prefix = kCsiPrefixPlaces[sequence.prefix];
+  if (prefix < 0) return;
+  const std::size_t row =
+      static_cast<std::size_t>(level) * kCsiPrefixes.size() + static_cast<std::size_t>(prefix);
+  kCsiByCode[row * kFinals + static_cast<std::size_t>(sequence.final - 0x40)](*this, sequence);
 }
 
 void Machine::Vt52Dispatch(char final, int row, int column) {

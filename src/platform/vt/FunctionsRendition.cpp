@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "platform/vt/Functions.h"
 
@@ -99,11 +98,9 @@ void CharacterProtection(Machine& m, Arguments a) {
 // ESC ( ) * + designate sets of 94 characters into G0 to G3, ESC - . / those of 96 into G1 to G3.
 // An unknown set, such as a soft one, leaves the old one in place.
 void Designate(Machine& m, Arguments a) {
-  constexpr std::string_view kFor94 = "()*+";
-  const char intermediate = static_cast<char>(a.prefix);
-  const std::size_t g = kFor94.find(intermediate);
-  if (g != std::string_view::npos) {
-    if (const auto set = SetOf94(a.final)) m.sets.Designate(static_cast<int>(g), *set);
+  const int intermediate = static_cast<int>(a.prefix);
+  if (intermediate <= '+') {
+    if (const auto set = SetOf94(a.final)) m.sets.Designate(intermediate - '(', *set);
   } else if (const auto set = SetOf96(a.final)) {
     m.sets.Designate(intermediate - '-' + 1, *set);
   }

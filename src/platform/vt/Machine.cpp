@@ -190,17 +190,11 @@ void Machine::Wrap() {
 }
 
 void Machine::WriteRun(const unsigned char* first, int count) {
-  const GlyphMap& map = *map_;
-  const std::uint64_t attributes = Bits(ink);
   if (modes.insert) screen.InsertCells(screen.cursorRow, screen.cursorColumn, count);
-  Cell* out = screen.Overwrite(screen.cursorRow, screen.cursorColumn, count);
-  for (int i = 0; i < count; ++i) {
-    const std::uint64_t glyph = map[first[i]];
-    out[i] = std::bit_cast<Cell>(attributes | glyph << kGlyphShift);
-  }
+  WriteGlyphs(first, count);
 }
 
-void Machine::Print(const unsigned char* first, const unsigned char* last) {
+void Machine::PrintSlowly(const unsigned char* first, const unsigned char* last) {
   while (first != last && sets.HasSingleShift() && level >= Level::Vt100) {
     PutGlyph(sets.TakeShifted(*first++));
   }

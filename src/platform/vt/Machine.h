@@ -1,8 +1,10 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <bitset>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -54,7 +56,16 @@ class Machine {
   Machine& operator=(const Machine&) = delete;
 
   // --- the parser's sink
-  void Print(const unsigned char* first, const unsigned char* last);
+  void Print(const unsigned char* first, const unsigned char* last) {
+    const auto count = last - first;
+    const bool usual = !(screen.lastColumn | modes.insert | sets.HasSingleShift());
+    if (usual && count <= LastColumn() - screen.cursorColumn) {
+      WriteGlyphs(first, static_cast<int>(count));
+      screen.cursorColumn += static_cast<int>(count);
+    } else {
+      PrintSlowly(first, last);
+    }
+  }
   void Execute(unsigned char control);
   void EscapeDispatch(const Sequence& sequence);
   void CsiDispatch(const Sequence& sequence);
@@ -137,9 +148,41 @@ class Machine {
   std::string PaperLine(int row) const;  // without trailing blanks, with CR LF
   void SaveTopRows(int count);
   void Wrap();
-  // Writes one glyph a byte at the cursor, within the line; moves the cursor by hand of the caller.
-  void WriteRun(const unsigned char* first, int count);
+  // Text that meets the end of its line, a single shift or insert mode.
+  void PrintSlowly(const unsigned char* first, const unsigned char* last);
+  // Writes one glyph a byte, at least one, at the cursor, within the line; moves the cursor by hand
+  // of the caller.
+  void WriteGlyphs(const unsigned char* first, int count) {
+    const GlyphMap& map = *map_;
+    const std::uint64_t attributes = Bits(ink);
+    Cell* const out = screen.Overwrite(screen.cursorRow, screen.cursorColumn, count);
+    StoreBits(out, attributes | std::uint64_t{map.glyphs[first[0]]} << kGlyphShift);
+    for (int i = 1 + (map.showsAscii ? WriteAscii(first + 1, count - 1, out + 1) : 0); i < count;
+         ++i) {
+      const std::uint64_t glyph = map.glyphs[first[i]];
+      StoreBits(out + i, attributes | glyph << kGlyphShift);
+    }
+  }
+  // Writes what leads of ASCII text, eight characters at a time and without the map. (Measured: a
+  // third of the time of plain text.) Returns how many.
+  int WriteAscii(const unsigned char* first, int count, Cell* out) const {
+    constexpr int kStep = 8;
+    constexpr std::uint64_t kTops = 0x8080808080808080U;
+    const std::uint64_t attributes = Bits(ink);
+    int done = 0;
+    for (; count - done >= kStep; done += kStep) {
+      std::uint64_t word;
+      std::memcpy(&word, first + done, sizeof word);
+      if ((word & kTops) != 0) break;
+      for (int i = done; i < done + kStep; ++i) {
+        StoreBits(out + i, attributes | std::uint64_t{first[i]} << kGlyphShift);
+      }
+    }
+    return done;
+  }
+  void WriteRun(const unsigned char* first, int count);  // the same, making room in insert mode
   const unsigned char* PrintPart(const unsigned char* first, const unsigned char* last);
+
   void ChooseMap();
 
   const GlyphMap* map_ = nullptr;  // from bytes to glyphs, as level and sets have it
