@@ -46,7 +46,8 @@ std::string PlainLines(std::size_t size) {
 std::string Rewrites(std::size_t size) {
   int turn = 0;
   return Repeat(size, [&] {
-    return "\x1B[H" + std::string(kColumns * kRows, static_cast<char>('A' + turn++ % 26));
+    return "\x1B[H" +
+           std::string(std::size_t{kColumns} * kRows, static_cast<char>('A' + turn++ % 26));
   });
 }
 

@@ -12,7 +12,7 @@ class LineReader {
   /// A typed line: far more than any prompt of the host asks for.
   static constexpr std::size_t kLineLimit = 512;
   /// A request, without its marks: a record of 4,000 characters with names is far below it.
-  static constexpr std::size_t kFrameLimit = 64 * 1024;
+  static constexpr std::size_t kFrameLimit = std::size_t{64} * 1024;
 
   enum class Event { None, Line, Frame, FrameTooLong };
 

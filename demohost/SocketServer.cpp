@@ -12,9 +12,9 @@ constexpr std::size_t kLinkLimit = 64;  // each holds a few hundred KiB at most 
 // What is taken from a client at a time, and how much may wait for it unread. A request of a few
 // bytes can bring a record of 32,000, so a client that only asks is not listened to until it reads,
 // and is dropped if others' messages still make it grow.
-constexpr qint64 kReadSize = 4 * 1024;
-constexpr qint64 kWaitAbove = 1024 * 1024;
-constexpr qint64 kDropAbove = 16 * 1024 * 1024;
+constexpr qint64 kReadSize = qint64{4} * 1024;
+constexpr qint64 kWaitAbove = qint64{1024} * 1024;
+constexpr qint64 kDropAbove = qint64{16} * 1024 * 1024;
 // A client that does not read its last lines after log-off.
 constexpr int kCloseMilliseconds = 5000;
 

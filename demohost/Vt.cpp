@@ -26,8 +26,9 @@ std::string In(std::string_view attribute, std::string_view text) {
 std::string Box(int row, int column, int height, int width, std::string_view title) {
   const auto side = std::string(kGraphics) + "x" + std::string(kAscii);
   std::string box = At(row, column) + Edge('l', 'k', width);
-  for (int i = row + 1; i < row + height - 1; ++i)
-    box += At(i, column) + side + At(i, column + width - 1) + side;
+  for (int i = row + 1; i < row + height - 1; ++i) {
+    box.append(At(i, column)).append(side).append(At(i, column + width - 1)).append(side);
+  }
   box += At(row + height - 1, column) + Edge('m', 'j', width);
   if (!title.empty()) box += At(row, column + 3) + In(kBold, " " + std::string(title) + " ");
   return box;

@@ -24,7 +24,7 @@ void RequestStop(int) {
 }
 
 QString ApplicationFolder() {
-  const auto own = qEnvironmentVariable("QUORVEL_HOME");
+  auto own = qEnvironmentVariable("QUORVEL_HOME");
   if (!own.isEmpty()) return own;
   if (QSysInfo::kernelType() == "winnt") return QCoreApplication::applicationDirPath();
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/quorvel";

@@ -9,8 +9,8 @@ namespace {
 
 // Characters that may wait for the receiver before the network is asked to hold back, and how few
 // there must be before it may go on. A host that prints while a box is open meets these.
-constexpr std::size_t kHoldBackAbove = 4 * 1024 * 1024;
-constexpr std::size_t kGoOnBelow = 1024 * 1024;
+constexpr std::size_t kHoldBackAbove = std::size_t{4} * 1024 * 1024;
+constexpr std::size_t kGoOnBelow = std::size_t{1024} * 1024;
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "platform/controls/Desktop.h"
 
 #include <new>
+#include <ranges>
 
 #include "platform/controls/Menu.h"
 
@@ -125,9 +126,9 @@ void Desktop::RunWithin(const std::function<void()>& body) {
 }
 
 bool Desktop::InputHeld() const {
-  for (auto context = contexts_.rbegin(); context != contexts_.rend(); ++context) {
-    if (*context == Context::Receive) return true;
-    if (*context != Context::Program) return false;
+  for (const Context context : std::views::reverse(contexts_)) {
+    if (context == Context::Receive) return true;
+    if (context != Context::Program) return false;
   }
   return false;
 }

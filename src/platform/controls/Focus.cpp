@@ -1,6 +1,7 @@
 #include "platform/controls/Focus.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "platform/controls/Control.h"
 #include "platform/controls/Desktop.h"
@@ -18,9 +19,9 @@ Control* Focus::KeyTarget() const {
 }
 
 bool Focus::IsBlocked(const Window& window) const {
-  for (auto at = order_.rbegin(); at != order_.rend(); ++at) {
-    if (*at == &window) return false;
-    if ((*at)->IsModal()) return true;
+  for (const Window* other : std::views::reverse(order_)) {
+    if (other == &window) return false;
+    if (other->IsModal()) return true;
   }
   return false;
 }

@@ -71,7 +71,9 @@ void Terminal::PrintCollected() {
 std::vector<std::string> Terminal::ScreenLines() const {
   std::vector<std::string> lines;
   const int first = emulation_.ScrollbackCount();
-  for (int row = 0; row < emulation_.screen().Rows(); ++row) {
+  const int rows = emulation_.screen().Rows();
+  lines.reserve(static_cast<std::size_t>(rows));
+  for (int row = 0; row < rows; ++row) {
     lines.push_back(emulation_.LineText(first + row));
   }
   return lines;

@@ -156,13 +156,10 @@ std::string RandomStream(std::mt19937& random, std::size_t pieces) {
                                                 "\x1B[?7l",
                                                 "\x1B[?2l",
                                                 "\x1B<",
-                                                "\x1B"
-                                                "7",
-                                                "\x1B"
-                                                "8",
+                                                "\0337",
+                                                "\0338",
                                                 "\x1BM",
-                                                "\x1B"
-                                                "D",
+                                                "\033D",
                                                 "\n",
                                                 "\r",
                                                 "\t",

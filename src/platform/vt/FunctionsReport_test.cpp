@@ -121,7 +121,10 @@ TEST(Printing, TheOwnerMayChangeTheTerminalMeanwhile) {
         if (resets) terminal.Reset();
         terminal.SetSize(2, 1);
       };
-      terminal.Feed(rows + input + rows + "\x1B[4iz");
+      terminal.Feed(rows);
+      terminal.Feed(input);
+      terminal.Feed(rows);
+      terminal.Feed("\x1B[4iz");
       EXPECT_TRUE(asked);
       EXPECT_EQ(terminal.screen().Columns(), 2);
       if (!resets) {
