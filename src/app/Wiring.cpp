@@ -1,5 +1,6 @@
 #include "app/Wiring.h"
 
+#include "entry/InstallEntry.h"
 #include "link/HandOvers.h"
 #include "menus/InstallMenus.h"
 #include "settings/InstallSettings.h"
@@ -12,6 +13,7 @@ void WireHandOvers() {
   InstallSettings();
   InstallTerminal();
   InstallMenus();
+  InstallEntry();
   // There is no report viewer yet: what its closing would enable again is enabled at once, so that
   // a host that captures a report leaves the session usable.
   Ask().ShowReport = [] { Ask().EnableSessionWindows(true); };

@@ -19,6 +19,10 @@ constexpr std::size_t kLongestInput = 4000;
 constexpr std::int16_t kOptionDataFile = 22;
 constexpr std::int16_t kOptionCaseProgram = 23;
 
+// Counts what has ended a wait for a hook. Hooks may be called inside each other's waits; the reply
+// to the inner one ends all of them.
+unsigned caseCallsEnded = 0;
+
 bool RefuseLongInput(const std::string& input) {
   if (input.size() <= kLongestInput) return false;
   desktop().MsgBox("need to handle input > 4096");
@@ -87,8 +91,17 @@ void CaseCall(const std::string& argument) {
   // The limit is on the frame alone, its CR not counted.
   if (RefuseLongInput(request.substr(0, request.size() - 1))) return;
   SendToHost(request);
-  desktop().WaitWhile([] { return Session().PendingOp != "ReturnCase"; });
-  s.PendingOp.clear();
+  const unsigned before = caseCallsEnded;
+  desktop().WaitWhile(
+      [before] { return Session().PendingOp != "ReturnCase" && caseCallsEnded == before; });
+  if (s.PendingOp == "ReturnCase") {
+    s.PendingOp.clear();
+    ++caseCallsEnded;
+  }
+}
+
+void AbandonCaseCalls() {
+  ++caseCallsEnded;
 }
 
 void RunOption() {

@@ -52,10 +52,18 @@ struct SessionState {
   std::string LocatorFile;
   std::string LocatorWord;
   std::string LocatorLimiter;
-  Flag ScreenLoaded = kFalse;  // while the entry screen is loaded
-  std::string FieldList;       // field numbers of the screen, and their kinds
-  std::string FieldKinds;
-  std::int16_t CurrentField = 0;
+  Flag ScreenLoaded = kFalse;  // from the end of the entry screen's building until it unloads
+  std::string FieldList;       // the screen's fields in placing order, separated by VM: numbers,
+  std::string FieldKinds;      // "T" or "C" (text box, combo box),
+  std::string FieldFlags;      // "K", "D" or empty (key, display only, any other)
+  std::int16_t FieldCount = 0;
+  std::int16_t FirstField = 0;    // number of the first key field; 0: none
+  std::int16_t InstanceCount = 0;  // entry screens opened beside the one
+  std::int16_t CurrentField = 0;  // the field last entered; 0: leaving it is not to be validated
+  std::string FieldOldValue;      // its stored value when it was entered
+  std::string FieldEvent;         // "KeyDown", "NoCase" or empty: see entry/Validation.h
+  Flag FieldRejected = kFalse;    // what the last validation said
+  std::string NewRecord;          // "Y" while a record is being added
 
   // --- host messages
   std::string MenuId;

@@ -28,6 +28,10 @@ const char* FailureText(Failure failure) {
       return "Path not found";
     case Failure::NoSuchElement:
       return "Control array element does not exist";
+    case Failure::ElementExists:
+      return "Object already loaded";
+    case Failure::InvalidProperty:
+      return "Invalid property value";
     case Failure::PrinterError:
       return "Printer error";
     case Failure::Cancel:

@@ -19,6 +19,8 @@ enum class Failure : int {
   PathFileAccess = 75,
   PathNotFound = 76,
   NoSuchElement = 340,
+  ElementExists = 360,
+  InvalidProperty = 380,
   PrinterError = 482,
   Cancel = 32755,
 };

@@ -60,8 +60,8 @@ std::string Control::BareAccessibleName() const {
   std::string name;
   if (label_) name = WithoutMnemonic(label_->Caption());
   if (name.empty()) name = WithoutMnemonic(Caption());
-  if (name.empty()) name = ToolTipText();
   if (name.empty()) name = AccessibleText();
+  if (name.empty()) name = ToolTipText();
   while (!name.empty() && (name.back() == ':' || name.back() == ' ')) name.pop_back();
   return name.empty() ? CodeName() : name;
 }
@@ -121,8 +121,17 @@ void Control::UserClick() {
 
 void Control::UserDblClick() {
   if (!window_.TakesInput() || !Reachable()) return;
-  window_.AsUserEvent([this] {
-    Call(DblClick);
+  window_.AsUserEvent([this] { Call(DblClick); });
+}
+
+void Control::UserMouseDown(MouseButton button) {
+  if (!window_.TakesInput() || !Reachable()) return;
+  window_.AsUserEvent([this, button] {
+    if (TakesFocus() && FocusOnClick) SetFocus();
+    // The keyboard may have been refused: then the press is not for here either.
+    if (!MouseDown || !Reachable() || (TakesFocus() && !HasFocus())) return;
+    const auto handler = MouseDown;
+    handler(button);
   });
 }
 

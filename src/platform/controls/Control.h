@@ -56,6 +56,18 @@ enum class ControlKind {
   Terminal,
 };
 
+// How a label or box stands among others. On the grid, rows lie closer than boxes are high: what
+// is drawn keeps inside its row.
+struct Look {
+  bool onGrid = false;
+  bool required = false;     // to be marked while it is empty
+  bool displayOnly = false;  // shows, and never takes, a value
+  bool operator==(const Look&) const = default;
+};
+
+// Numbers of the mouse buttons.
+enum class MouseButton : int { Left = 1, Right = 2 };
+
 // A control of a window: a plain object that holds its own state and works with no toolkit behind
 // it. Lengths are twips (1/1440 inch; 15 to a pixel at 96 dpi), places are relative to the parent.
 class Control : public Container, public Observed {
@@ -76,8 +88,8 @@ class Control : public Container, public Observed {
   const std::string& Name() const { return name_; }
   int Index() const { return index_; }  // -1 outside a control array
   std::string CodeName() const;         // "txtEntry(5)", "cmdOK"
-  // The text of the label that stands for it, else its own caption or tip, made unique in its
-  // window; never empty.
+  // The text of the label that stands for it, else its own caption, AccessibleText or tip, made
+  // unique in its window; never empty.
   std::string AccessibleName() const;
 
   Property<int> Left{*this, Prop::Left};
@@ -91,11 +103,12 @@ class Control : public Container, public Observed {
   Property<int> TabIndex{*this, Prop::TabIndex, 0};
   Property<std::string> Caption{*this, Prop::Caption};
   Property<std::string> ToolTipText{*this, Prop::ToolTipText};
-  // Stands in for caption and tip in AccessibleName, where a control shows neither.
+  // Stands in for the caption in AccessibleName, where a control shows none.
   Property<std::string> AccessibleText{*this, Prop::AccessibleText};
   Property<quorvel::Font> Font{*this, Prop::Font};
   Property<int> BackColor{*this, Prop::BackColor, -1};  // blue in the high byte; -1: the desktop's
   Property<int> ForeColor{*this, Prop::ForeColor, -1};
+  Property<quorvel::Look> Look{*this, Prop::Look};
   // The page of the tab strip it lies on, if its parent is one.
   Property<int> Page{*this, Prop::Page, 0};
   // Whether a click gives it the keyboard. Off for buttons that work like a tool bar's.
@@ -106,6 +119,9 @@ class Control : public Container, public Observed {
   Event Click;
   Event DblClick;
   std::function<void(KeyEvent&)> KeyDown;
+  // A mouse button went down on it, after the click has given it the keyboard. With a handler the
+  // toolkit's own menu does not appear; the menu key of the keyboard counts as the right button.
+  std::function<void(MouseButton)> MouseDown;
   // A character is about to be typed; a handler that sets the code to 0 swallows it.
   std::function<void(int& code)> KeyPress;
 
@@ -121,6 +137,7 @@ class Control : public Container, public Observed {
   void UserFocus();
   virtual void UserClick();
   void UserDblClick();
+  void UserMouseDown(MouseButton button);
 
   void PropertyChanged(Prop prop) override;
 

@@ -32,8 +32,8 @@ void ListRows::Clear() {
   owner_.PropertyChanged(Prop::Items);
 }
 
-ComboBox::ComboBox(Container& parent, std::string name, int index)
-    : Control(parent, std::move(name), index) {
+ComboBox::ComboBox(Container& parent, std::string name, int index, Style look)
+    : Control(parent, std::move(name), index), style(look) {
   Created();
 }
 

@@ -33,10 +33,10 @@ class ComboBox : public Control {
  public:
   enum class Style { DropDown, DropDownList };
 
-  ComboBox(Container& parent, std::string name, int index = -1);
+  ComboBox(Container& parent, std::string name, int index = -1, Style = Style::DropDown);
   ControlKind kind() const override { return ControlKind::ComboBox; }
 
-  Style style = Style::DropDown;  // set once, where the window is declared
+  Style style;  // set once, where the window is declared
   Property<std::string> Text{*this, Prop::Text};
   Property<int> ListIndex{*this, Prop::ListIndex, -1};
   Property<int> MaxLength{*this, Prop::MaxLength, 0};  // of typing; 0: no limit
@@ -52,6 +52,13 @@ class ComboBox : public Control {
  private:
   void FollowListIndex();
   void FollowText();
+};
+
+// A combo box that is made a drop-down list, for control arrays.
+class DropDownListBox : public ComboBox {
+ public:
+  DropDownListBox(Container& parent, std::string name, int index = -1)
+      : ComboBox(parent, std::move(name), index, Style::DropDownList) {}
 };
 
 // A list of rows of which one may be selected.

@@ -23,6 +23,7 @@ enum class Prop {
   Page,
   Picture,
   AccessibleText,
+  Look,
   // Text
   Text,
   MaxLength,

@@ -16,6 +16,7 @@ class HeadlessUser {
   void Press(KeyCode key, int shift = kNoShift);
   void Click(Control& control) { control.UserClick(); }
   void DoubleClick(Control& control) { control.UserDblClick(); }
+  void RightClick(Control& control) { control.UserMouseDown(MouseButton::Right); }
 
  private:
   bool KeyDown(KeyEvent key);
