@@ -106,6 +106,13 @@ std::string ShowDate(const DateTime& date) {
   return TwoDigits(date.day) + " " + kMonths[month] + " " + std::to_string(date.year);
 }
 
+std::string ShowShortDate(long long dayNumber) {
+  const std::chrono::year_month_day date{kDayZero + std::chrono::days{dayNumber}};
+  return TwoDigits(static_cast<int>(static_cast<unsigned>(date.month()))) + "/" +
+         TwoDigits(static_cast<int>(static_cast<unsigned>(date.day()))) + "/" +
+         TwoDigits(static_cast<int>(date.year()) % 100);
+}
+
 std::string ShowTime(const DateTime& date) {
   return TwoDigits(date.hour) + ":" + TwoDigits(date.minute) + ":" + TwoDigits(date.second);
 }

@@ -26,8 +26,9 @@ long long Plus(long long a, long long b);
 long long Times(long long a, long long b);
 
 long long DayNumber(const DateTime& date);
-std::string ShowDate(const DateTime& date);  // "22 Nov 2026"
-std::string ShowTime(const DateTime& date);  // "14:03:09"
+std::string ShowDate(const DateTime& date);      // "22 Nov 2026"
+std::string ShowShortDate(long long dayNumber);  // "11/22/26"
+std::string ShowTime(const DateTime& date);      // "14:03:09"
 
 /// Fit for the terminal: control characters become points, marks become commas. A record may hold
 /// anything that a client has written.

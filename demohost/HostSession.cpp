@@ -5,9 +5,11 @@
 
 #include "demohost/Application.h"
 #include "demohost/Frames.h"
+#include "demohost/Lists.h"
 #include "demohost/Menus.h"
 #include "demohost/Record.h"
 #include "demohost/Requests.h"
+#include "demohost/Screens.h"
 
 namespace quorvel::demohost {
 namespace {
@@ -92,6 +94,8 @@ void HostSession::OnLine(const std::string& line) {
     --helpsOpen_;
     return;
   }
+  // The choice from a list is for the screen, which has it already.
+  if (std::exchange(listOpen_, false)) return;
   // What the client promised to run is run, whatever waits for a line.
   const auto promised = std::exchange(runRequested_, {});
   if (!promised.empty() && promised == Upper(Trim(line))) {
@@ -104,10 +108,37 @@ void HostSession::OnLine(const std::string& line) {
 }
 
 void HostSession::OnRequest(const std::string& text) {
-  auto reply = Answer(application_, port_, text);
+  auto reply = Answer({application_, port_, user_, memory_}, text);
   runRequested_ = std::move(reply.runOption);
   helpsOpen_ = std::clamp(helpsOpen_ + reply.helpChange, 0, 1);
+  listOpen_ = listOpen_ || reply.list;
+  if (IsCaseLogic(text)) return SendRules(std::move(reply));
   SendFrame(reply.frame);
+}
+
+// A second call while the first still waits for a return: the user has run ahead of a box. The
+// first is sent to its end, since one reply must not overtake another.
+void HostSession::SendRules(Reply reply) {
+  std::replace(boxes_.begin(), boxes_.end(), Box::OfRules, Box::OutOfTurn);
+  for (const auto& step : std::exchange(steps_, {})) {
+    SendFrame(step.frame);
+    if (step.bringsReturn) boxes_.push_back(Box::OutOfTurn);
+  }
+  steps_.assign(reply.before.begin(), reply.before.end());
+  steps_.push_back({std::move(reply.frame)});
+  SendSteps();
+}
+
+void HostSession::SendSteps() {
+  while (!steps_.empty()) {
+    const auto step = std::move(steps_.front());
+    steps_.pop_front();
+    if (step.bringsReturn && boxes_.size() >= kBoxLimit) continue;
+    SendFrame(step.frame);
+    if (!step.bringsReturn) continue;
+    boxes_.push_back(Box::OfRules);
+    return;
+  }
 }
 
 void HostSession::OnUser(const std::string& line) {
@@ -145,6 +176,8 @@ void HostSession::OnMenuLine(const std::string& line) {
     return SendMenu();
   }
   if (RunOption(entry)) return;
+  if (IsScreen(application_.Data(), entry))
+    return SendBox(Box::ThenMenu, "Menus", entry + " is a screen: choose it in the menu.");
   SendBox(Box::ThenMenu, "Menus", "There is no option " + entry + ".");
 }
 
@@ -237,6 +270,7 @@ void HostSession::SendBox(Box box, std::string_view title, std::string_view text
 void HostSession::OnBoxClosed() {
   const auto box = boxes_.front();
   boxes_.pop_front();
+  if (box == Box::OfRules) SendSteps();
   if (box == Box::OfProgram) Run([&](Program& program) { program.OnLine(*this, ""); });
   if (box == Box::ThenMenu && phase_ == Phase::Menu) SendMenu();
 }
@@ -244,6 +278,10 @@ void HostSession::OnBoxClosed() {
 void HostSession::AskPassword(std::string_view program) {
   hideEcho_ = true;
   SendFrame(Frame({"~GETPASSWORD~", program}));
+}
+
+void HostSession::ShowList(const PickList& list) {
+  SendFrame(ListFrame(list));
 }
 
 int HostSession::Broadcast(std::string_view text) {

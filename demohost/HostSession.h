@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "demohost/CaseCall.h"
 #include "demohost/LineReader.h"
 #include "demohost/Program.h"
 #include "demohost/TelnetServer.h"
@@ -15,6 +16,7 @@
 namespace quorvel::demohost {
 
 class Application;
+struct Reply;
 
 class HostSession final : public Console {
  public:
@@ -47,6 +49,7 @@ class HostSession final : public Console {
   void Print(std::string_view text) override;
   void ShowBox(std::string_view title, std::string_view text) override;
   void AskPassword(std::string_view program) override;
+  void ShowList(const PickList& list) override;
   void Finish() override { finished_ = true; }
   bool RunOption(std::string_view id) override;
   void LogOff() override;
@@ -56,8 +59,9 @@ class HostSession final : public Console {
 
  private:
   enum class Phase { User, Password, Menu, Program, Ended };
-  /// What follows when the user has closed a box: the program goes on, the menu, or nothing.
-  enum class Box { OfProgram, ThenMenu, OutOfTurn };
+  /// What follows when the user has closed a box: the program goes on, what the business rules
+  /// still have to send, the menu, or nothing. A mode message counts as a box that closes at once.
+  enum class Box { OfProgram, OfRules, ThenMenu, OutOfTurn };
 
   void FeedData(char byte);
   void OnEvent(LineReader::Event event);
@@ -67,6 +71,8 @@ class HostSession final : public Console {
   void OnPassword(const std::string& line);
   void OnMenuLine(const std::string& line);
   void OnBoxClosed();
+  void SendRules(Reply reply);
+  void SendSteps();
 
   void Run(const std::function<void(Program&)>& step);
   void StartProgram(std::unique_ptr<Program> program, const std::string& name);
@@ -92,7 +98,10 @@ class HostSession final : public Console {
   std::unique_ptr<Program> retired_;  // replaced by RunOption while it was running
   std::string runRequested_;          // the option whose run request was the last request
   std::deque<Box> boxes_;             // not yet closed, in the order they were sent
+  std::deque<Step> steps_;            // of business rules, waiting for the return of a box
+  CaseMemory memory_;                 // of the business rules of the open screen
   int helpsOpen_ = 0;                 // help windows that still owe an empty line
+  bool listOpen_ = false;             // a list of a screen still owes a line
   std::vector<std::string> writes_;
   bool appendable_ = false;  // the last write is plain text and may grow
 };

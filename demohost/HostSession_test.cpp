@@ -8,6 +8,7 @@
 
 #include "demohost/Menus.h"
 #include "demohost/Record.h"
+#include "demohost/Screens.h"
 #include "demohost/TestClient.h"
 
 namespace quorvel::demohost {
@@ -180,6 +181,7 @@ TEST_F(HostTest, EveryOptionOfEveryMenuRunsAndComesBack) {
     }
   }
   for (const auto& id : programs) {
+    if (IsScreen(host_.Data(), id)) continue;  // the client opens it, and never runs it here
     reports += id[2] == '*';
     demo_.Forget().Request({"READ", "MENUS", id, "E"}).Type(id);
     ASSERT_FALSE(demo_.LastFrame().starts_with("\x7F~ERRORMSG~\xFAThere is no")) << id;

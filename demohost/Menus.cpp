@@ -40,6 +40,9 @@ constexpr Title kTitles[] = {
 constexpr Line kLines[] = {
     {kMainMenu, "Customers", "Customers and Receivables Menu", "AR.MENU"},
     {kMainMenu, "Customers", "Customer Inquiry", "AR.CUST.INQ"},
+    {kMainMenu, "Customers", "Customers", "AR.CUSTOMER"},
+    {kMainMenu, "Customers", "Customers' Prices", "AR.PRICE"},
+    {kMainMenu, "Customers", "Customers of a City", "AR.CITY"},
     {kMainMenu, "Customers", "Sales Rep Inquiry", "AR.REP.INQ"},
     {kMainMenu, "Customers", "Change Telephone Number", "AR.PHONE"},
     {kMainMenu, "Customers", "Change Credit Limit", "AR.LIMIT"},
@@ -48,6 +51,7 @@ constexpr Line kLines[] = {
     {kMainMenu, "Customers", "Customer Balances", "AR*BALANCES"},
     {kMainMenu, "Items", "Items and Stock Menu", "IC.MENU"},
     {kMainMenu, "Items", "Item Inquiry", "IC.ITEM.INQ"},
+    {kMainMenu, "Items", "Items", "IC.ITEM"},
     {kMainMenu, "Items", "Vendor Inquiry", "IC.VENDOR.INQ"},
     {kMainMenu, "Items", "Receive Stock", "IC.RECEIVE"},
     {kMainMenu, "Items", "Change Selling Price", "IC.PRICE"},
@@ -56,6 +60,7 @@ constexpr Line kLines[] = {
     {kMainMenu, "Items", "Price List", "IC*PRICES"},
     {kMainMenu, "Orders", "Sales Orders Menu", "SO.MENU"},
     {kMainMenu, "Orders", "Order Inquiry", "SO.ORDER.INQ"},
+    {kMainMenu, "Orders", "Sales Orders", "SO.ORDER"},
     {kMainMenu, "Orders", "Order Listing on the Screen", "SO.LIST"},
     {kMainMenu, "Orders", "Enter an Order", "SO.ENTER"},
     {kMainMenu, "Orders", "Ship an Order", "SO.SHIP"},
@@ -82,6 +87,9 @@ constexpr Line kLines[] = {
 
     {"AR.MENU", "Inquiry", "Customer Inquiry", "AR.CUST.INQ"},
     {"AR.MENU", "Inquiry", "Sales Rep Inquiry", "AR.REP.INQ"},
+    {"AR.MENU", "Inquiry", "Customers of a City", "AR.CITY"},
+    {"AR.MENU", "Maintenance", "Customers", "AR.CUSTOMER"},
+    {"AR.MENU", "Maintenance", "Customers' Prices", "AR.PRICE"},
     {"AR.MENU", "Maintenance", "Credit Control Menu", "AR.CREDIT.MENU"},
     {"AR.MENU", "Maintenance", "Change Telephone Number", "AR.PHONE"},
     {"AR.MENU", "Maintenance", "Post Cash Received", "AR.CASH"},
@@ -95,6 +103,7 @@ constexpr Line kLines[] = {
 
     {"IC.MENU", "Inquiry", "Item Inquiry", "IC.ITEM.INQ"},
     {"IC.MENU", "Inquiry", "Vendor Inquiry", "IC.VENDOR.INQ"},
+    {"IC.MENU", "Maintenance", "Items", "IC.ITEM"},
     {"IC.MENU", "Maintenance", "Stock Control Menu", "IC.COUNT.MENU"},
     {"IC.MENU", "Maintenance", "Change Selling Price", "IC.PRICE"},
     {"IC.MENU", "Reports", "Item List", "IC*ITEMLIST"},
@@ -110,6 +119,7 @@ constexpr Line kLines[] = {
     {"IC.COUNT.MENU", "Reports", "Items to Reorder", "IC*REORDER"},
 
     {"SO.MENU", "Orders", "Order Inquiry", "SO.ORDER.INQ"},
+    {"SO.MENU", "Orders", "Sales Orders", "SO.ORDER"},
     {"SO.MENU", "Orders", "Enter an Order", "SO.ENTER"},
     {"SO.MENU", "Orders", "Ship an Order", "SO.SHIP"},
     {"SO.MENU", "Orders", "Cancel an Order", "SO.CANCEL"},

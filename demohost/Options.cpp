@@ -17,6 +17,7 @@ constexpr bool kTerminal = true;
 constexpr bool kWindows = false;
 
 const Option kOptions[] = {
+    {"AR.CITY", kTerminal, MakeCityListing},
     {"SO.LIST", kTerminal, MakeOrderListing},
     {"SO.ENTER", kTerminal, MakeOrderEntry},
     {"SO.SHIP", kTerminal, MakeShipping},

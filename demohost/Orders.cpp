@@ -98,19 +98,12 @@ class OrderEntry final : public Program {
     }
     auto& store = console.Host().Data();
     Transaction all(store);
-    auto number = Number(store.Read("PARM", "NEXT.ORDER").value_or(""));
-    // The counter is a record like any other, which anybody may have written over.
-    if (number < 1) number = 1;
-    const auto last = number + kNumbersTried;
-    while (number < last && store.Read("ORDERS", std::to_string(number))) ++number;
-    if (number == last) throw StoreError("no free order number from NEXT.ORDER in PARM on");
-    const auto key = std::to_string(number);
+    const auto key = TakeOrderNumber(store);
     const auto today = std::to_string(DayNumber(console.Host().Now()));
     const auto record = Join({customer_, today, Join(items_, kVm), Join(quantities_, kVm),
                               Join(prices_, kVm), "OPEN", rep_, ""},
                              kAm);
     store.Write("ORDERS", key, record);
-    store.Write("PARM", "NEXT.ORDER", std::to_string(number + 1));
     all.Commit();
     console.PrintLine("Order " + key + " has been stored, total " + Total(store, record) + ".");
     console.Finish();
@@ -256,6 +249,17 @@ Listing ListOrders(Console& console) {
 }
 
 }  // namespace
+
+std::string TakeOrderNumber(Store& store) {
+  auto number = Number(store.Read("PARM", "NEXT.ORDER").value_or(""));
+  // The counter is a record like any other, which anybody may have written over.
+  if (number < 1) number = 1;
+  const auto last = number + kNumbersTried;
+  while (number < last && store.Read("ORDERS", std::to_string(number))) ++number;
+  if (number == last) throw StoreError("no free order number from NEXT.ORDER in PARM on");
+  store.Write("PARM", "NEXT.ORDER", std::to_string(number + 1));
+  return std::to_string(number);
+}
 
 std::unique_ptr<Program> MakeOrderListing() {
   return MakeListing(ListOrders);

@@ -2,10 +2,15 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "demohost/Program.h"
+#include "demohost/Store.h"
 
 namespace quorvel::demohost {
+
+/// Takes the next free order number from the counter in PARM. Throws StoreError.
+std::string TakeOrderNumber(Store& store);
 
 /// A listing whose rows are drawn in the attributes of the terminal by their status.
 std::unique_ptr<Program> MakeOrderListing();

@@ -10,6 +10,7 @@
 namespace quorvel::demohost {
 
 class Application;
+struct PickList;
 
 /// What a program can do with its session.
 class Console {
@@ -23,6 +24,8 @@ class Console {
   virtual void ShowBox(std::string_view title, std::string_view text) = 0;
   /// The password window; the program's next line is the answer, empty if there was none.
   virtual void AskPassword(std::string_view program) = 0;
+  /// A list to pick from; the program's next line is the choice, empty if there was none.
+  virtual void ShowList(const PickList& list) = 0;
 
   /// Ends the program; the menu follows.
   virtual void Finish() = 0;
@@ -64,6 +67,8 @@ struct Option {
 std::optional<Option> FindOption(std::string_view id);
 
 std::unique_ptr<Program> MakeCommandPrompt();
+/// Lists the customers of a city that the user picks.
+std::unique_ptr<Program> MakeCityListing();
 
 /// True for what ends a question: an empty line or ".".
 bool Leaves(std::string_view line);

@@ -5,13 +5,15 @@
 #include <string_view>
 #include <vector>
 
-#include "demohost/Application.h"
+#include "demohost/CaseRules.h"
 #include "demohost/Format.h"
 #include "demohost/Frames.h"
+#include "demohost/Lists.h"
 #include "demohost/Marks.h"
 #include "demohost/Menus.h"
 #include "demohost/Program.h"
 #include "demohost/Record.h"
+#include "demohost/Screens.h"
 
 namespace quorvel::demohost {
 namespace {
@@ -19,9 +21,9 @@ namespace {
 using Fields = std::vector<std::string>;
 
 struct Request {
-  Application& host;
-  int port;
+  const Caller& caller;
   const Fields& fields;  // the verb first
+  Application& host = caller.host;
 
   const std::string& operator[](std::size_t number) const { return fields[number]; }
 };
@@ -37,7 +39,7 @@ std::string Named(std::string_view key, std::string_view file) {
 // A record in use elsewhere can be neither written nor deleted.
 void NeedFree(const Request& request, std::string_view file, std::string_view key) {
   const auto& locks = request.host.RecordLocks();
-  if (!locks.HeldByOther(request.port, file, key)) return;
+  if (!locks.HeldByOther(request.caller.port, file, key)) return;
   throw StoreError(Named(key, file) + " is locked by " +
                    request.host.NameOf(locks.Holder(file, key).value_or(0)));
 }
@@ -54,7 +56,9 @@ Reply RunReply(const Request& request) {
     return reply;
   }
   const auto option = FindOption(name);
-  if (!option) {
+  if (!option && IsScreen(request.host.Data(), name)) {
+    reply.frame = Frame({kOk});
+  } else if (!option) {
     reply.frame = ErrorFrame("There is no option " + name);
   } else if (option->terminal) {
     reply.frame = ErrorFrame(name + " runs in the terminal");
@@ -67,7 +71,9 @@ Reply RunReply(const Request& request) {
 Reply Read(const Request& request) {
   if (request.fields.size() > 3 && request[1] == "MENUS" && request[3] == "E")
     return RunReply(request);
-  const auto record = request.host.Data().Read(request[1], request[2]);
+  auto record = request.host.Data().Read(request[1], request[2]);
+  if (const auto index = IndexRecord(request.host.Data(), request[1], request[2]))
+    record = index->empty() ? std::nullopt : index;
   if (!record) throw StoreError(Named(request[2], request[1]) + " not found");
   return {Frame({*record})};
 }
@@ -90,13 +96,13 @@ Reply Lock(const Request& request) {
   const auto& file = request[2];
   const auto& key = request[3];
   if (request[4] == "U") {
-    locks.Release(request.port, file, key);
+    locks.Release(request.caller.port, file, key);
     return {Frame({kOk})};
   }
   if (request[4] != "L") throw StoreError("A lock is L or U");
   if (!request.host.Data().HasFile(file)) throw StoreError("Unable to open file " + file);
   if (key.size() > Store::kKeyLimit) throw StoreError("The key is too long");
-  if (locks.Take(request.port, file, key) != Locks::Outcome::Refused) return {Frame({kOk})};
+  if (locks.Take(request.caller.port, file, key) != Locks::Outcome::Refused) return {Frame({kOk})};
   NeedFree(request, file, key);
   throw StoreError("Too many locks");
 }
@@ -104,6 +110,7 @@ Reply Lock(const Request& request) {
 // The data file and the program's list of files must be there. The program file itself is code of
 // the host and no file of records.
 Reply OpenAllFiles(const Request& request) {
+  request.caller.memory.clear();  // a screen begins with no past
   Fields names = Split(request[3], kVm);
   names.insert(names.begin(), request[1]);
   for (const auto& name : names) {
@@ -113,20 +120,46 @@ Reply OpenAllFiles(const Request& request) {
   return {Frame({kOk})};
 }
 
-// This host's parameter records hold no references to resolve.
 Reply ScreenParameters(const Request& request) {
-  return {Frame({request[1]})};
+  return {Frame({ResolveParameters(request.host.Data(), request[1])})};
 }
 
-// This host has no case logic: each hook gives back what it got.
 Reply CaseLogic(const Request& request) {
-  return {Frame({"~CASELOGIC~", request[4], request[5], request[6], request[7]})};
+  CaseCall call(request.host, request.caller.port, request.caller.user, request.caller.memory);
+  call.field = static_cast<int>(std::clamp(Number(request[2]), 0LL, 80LL));
+  call.hook = request[4];
+  call.entry = request[5];
+  call.original = request[6];
+  call.data = request[7];
+  try {
+    RunCaseRules(request[3], call);
+  } catch (const StoreError& error) {  // the client waits for ~CASELOGIC~ and for nothing else
+    call.Tell("Business rules", error.what());
+    call.Error();
+  }
+  return {call.Reply(), call.Steps()};
+}
+
+Reply List(const PickList& list) {
+  Reply reply{ListFrame(list)};
+  reply.list = true;
+  return reply;
+}
+
+Reply NamedListReply(const Request& request) {
+  return List(NamedList(request.host.Data(), request[1]));
+}
+
+Reply LocatorReply(const Request& request) {
+  return List(LocatedList(request.host.Data(), request[1], request[2], request[3]));
 }
 
 Reply ReadHelp(const Request& request) {
   auto record = request.host.Data().Read("HELP", request[1]).value_or("");
   if (record.empty()) SetAttribute(record, 1, "No help has been written for " + request[1]);
-  return {Frame({"~FIELDHELP~", request[1], request[2], record}), {}, 1};
+  Reply reply{Frame({"~FIELDHELP~", request[1], request[2], record})};
+  reply.helpChange = 1;
+  return reply;
 }
 
 // Cuts a line between words so that no part is longer than the width, where a blank allows it.
@@ -152,7 +185,9 @@ Reply WriteHelp(const Request& request) {
   SetAttribute(record, kHelpTextAttribute, Join(lines, kVm));
   NeedFree(request, "HELP", request[1]);
   request.host.Data().Write("HELP", request[1], record);
-  return {Frame({kOk}), {}, -1};
+  Reply reply{Frame({kOk})};
+  reply.helpChange = -1;
+  return reply;
 }
 
 struct Verb {
@@ -173,6 +208,8 @@ constexpr Verb kVerbs[] = {
     {"CASELOGIC", 8, 8, "~ERRORMSG~", CaseLogic},
     {"READHELP", 3, 3, "~ERRORMSG~", ReadHelp},
     {"WRITEHELP", 5, 5, "", WriteHelp},
+    {"SYLIST", 2, 2, "~ERRORMSG~", NamedListReply},
+    {"SYLOCATR", 4, 4, "~ERRORMSG~", LocatorReply},
 };
 
 const Verb* FindVerb(std::string_view name) {
@@ -183,14 +220,18 @@ const Verb* FindVerb(std::string_view name) {
 
 }  // namespace
 
-Reply Answer(Application& application, int port, const std::string& text) {
+bool IsCaseLogic(const std::string& text) {
+  return text.starts_with("CASELOGIC");
+}
+
+Reply Answer(const Caller& caller, const std::string& text) {
   const auto fields = Split(text, kFs);
   const auto* verb = FindVerb(fields.empty() ? "" : fields.front());
   if (verb == nullptr) return {Refusal(text, "Unknown request")};
   if (fields.size() < verb->fields) return {Refusal(text, "The request lacks a field")};
   if (fields.size() > verb->most) return {Refusal(text, "The request has a field too many")};
   try {
-    return verb->answer({application, port, fields});
+    return verb->answer({caller, fields});
   } catch (const StoreError& error) {
     return {Refusal(text, error.what())};
   }

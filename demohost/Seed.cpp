@@ -3,9 +3,12 @@
 #include <array>
 #include <string>
 
+#include "demohost/Lists.h"
 #include "demohost/Marks.h"
 #include "demohost/Menus.h"
 #include "demohost/Record.h"
+#include "demohost/Screens.h"
+#include "demohost/Values.h"
 
 namespace quorvel::demohost {
 namespace {
@@ -139,8 +142,38 @@ constexpr Row kHelp[] = {
     {"UT.CLOSE", "Close the Month|Moves the accounts to the next month. Needs your password."},
 };
 
-constexpr const char* kFiles[] = {"CUSTOMERS", "DICTIONARY", "HELP", "ITEMS",  "LOCATOR", "MENUS",
-                                  "ORDERS",    "PARM",       "REPS", "SCREEN", "VENDORS"};
+// What codes mean, by kind, code and language.
+constexpr Row kCodes[] = {
+    {"GROUP*TOOLS*EN", "Hand tools"},     {"GROUP*POWER*EN", "Power tools"},
+    {"GROUP*FIXINGS*EN", "Fixings"},      {"GROUP*PLUMBING*EN", "Plumbing"},
+    {"GROUP*ELECTRIC*EN", "Electrical"},  {"GROUP*PAINT*EN", "Paint"},
+    {"TERMS*COD*EN", "Cash on delivery"}, {"TERMS*NET30*EN", "30 days net"},
+    {"TERMS*NET60*EN", "60 days net"},
+};
+
+// What combo boxes offer.
+constexpr Row kChoices[] = {
+    {"TERMS", "COD|NET30|NET60"},
+    {"DISCOUNTS", "0|250|500|750|1000"},
+    {"UNITS", "EA|SET|BOX|BAG|LB|PR|ROLL|TIN"},
+};
+
+struct Agreement {
+  const char* key;
+  const char* price;
+  int days;  // that it still holds
+  const char* remark;
+};
+
+constexpr Agreement kAgreements[] = {
+    {"C1001I101", "1450", 60, "Paula Finch, letter of 3 March"},
+    {"C1003I127", "3500", 30, "Ron Carter, for the Mill Lane site"},
+    {"C1022I108", "9995", -10, "Purchasing, has run out"},
+};
+
+constexpr const char* kFiles[] = {"CODES",   "CUSTOMERS", "DICTIONARY", "HELP", "ITEMS",
+                                  "LOCATOR", "MENUS",     "ORDERS",     "PARM", "PRICES",
+                                  "REPS",    "SCREEN",    "VENDORS"};
 
 constexpr int kOrderCount = 80;
 
@@ -149,21 +182,55 @@ void SeedRows(Store& store, const char* file, const Row (&rows)[N]) {
   for (const auto& row : rows) store.Write(file, row.key, Join(Split(row.attributes, '|'), kAm));
 }
 
-void SeedCustomers(Store& store) {
+std::string FirstWord(std::string_view name) {
+  std::string word;
+  for (const char c : name.substr(0, name.find(' ')))
+    word += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+  return word;
+}
+
+// The dates, classes and discounts are spread over the customers by their place in the table.
+void SeedCustomers(Store& store, long long today) {
+  static constexpr const char* kClasses[] = {"C", "B", "A"};
+  static constexpr const char* kDiscounts[] = {"0", "500", "1000"};
+  long long n = 0;
   for (const auto& c : kCustomers) {
-    store.Write("CUSTOMERS", c.key,
-                Join({c.name, c.street, c.city, c.zip, c.phone, c.terms, c.limit, c.balance, c.rep,
-                      Join(Split(c.contacts, '|'), kVm)},
-                     kAm));
+    const auto kind = static_cast<std::size_t>(n % 3);
+    store.Write(
+        "CUSTOMERS", c.key,
+        Join({c.name, c.street, c.city, c.zip, c.phone, c.terms, c.limit, c.balance, c.rep,
+              Join(Split(c.contacts, '|'), kVm), std::to_string(today - 400 - n * 97),
+              std::to_string(today - 20 - n * 11), "", std::to_string(1200 + n * 10),
+              "accounts@" + FirstWord(c.name) + ".example", kClasses[kind], kDiscounts[kind]},
+             kAm));
+    ++n;
   }
 }
 
-void SeedItems(Store& store) {
+void SeedItems(Store& store, long long today) {
+  long long n = 0;
   for (const auto& i : kItems) {
-    store.Write(
-        "ITEMS", i.key,
-        Join({i.name, i.group, i.unit, i.onHand, i.level, i.cost, i.price, i.bin, i.vendor}, kAm));
+    store.Write("ITEMS", i.key,
+                Join({i.name, i.group, i.unit, i.onHand, i.level, i.cost, i.price, i.bin, i.vendor,
+                      std::to_string(today - 5 - n % 40), std::string(i.key) + "-" + i.unit,
+                      n % 4 == 0 ? "12x6" : "10x1"},
+                     kAm));
+    ++n;
   }
+}
+
+void SeedAgreements(Store& store, long long today) {
+  for (const auto& a : kAgreements)
+    store.Write("PRICES", a.key, Join({a.price, std::to_string(today + a.days), a.remark}, kAm));
+}
+
+// What screens show in place of a looked-up text that is not there.
+void SeedParameters(Store& store) {
+  for (const auto& row : kChoices)
+    store.Write("PARM", row.key, Join(Split(row.attributes, '|'), kVm));
+  std::string prompts = "Texts of the screens";
+  SetAttribute(prompts, 6, Join({"", "", "(not on file)"}, kVm));
+  store.Write("PARM", "PROMPTS", prompts);
 }
 
 // Orders spread over customers, items and days by strides that share no factor with the table
@@ -171,7 +238,7 @@ void SeedItems(Store& store) {
 void SeedOrders(Store& store, long long today) {
   for (int n = 0; n < kOrderCount; ++n) {
     const auto order = static_cast<std::size_t>(n);
-    const auto& customer = kCustomers[(order * 7) % std::size(kCustomers)];
+    const auto& from = kCustomers[(order * 7) % std::size(kCustomers)];
     std::vector<std::string> items, quantities, prices;
     for (std::size_t line = 0; line < 1 + order % 4; ++line) {
       const auto& item = kItems[(order * 11 + line * 7) % std::size(kItems)];
@@ -181,10 +248,13 @@ void SeedOrders(Store& store, long long today) {
     }
     const char* status = n % 16 == 9 ? "CANCELLED" : n >= kOrderCount * 2 / 3 ? "OPEN" : "SHIPPED";
     store.Write("ORDERS", std::to_string(5001 + n),
-                Join({customer.key, std::to_string(today - kOrderCount + 1 + n), Join(items, kVm),
-                      Join(quantities, kVm), Join(prices, kVm), status, customer.rep,
+                Join({from.key, std::to_string(today - kOrderCount + 1 + n), Join(items, kVm),
+                      Join(quantities, kVm), Join(prices, kVm), status, from.rep,
                       "PO-" + std::to_string(7300 + n * 3)},
                      kAm));
+    auto buyer = store.Read("CUSTOMERS", from.key).value_or("");
+    SetAttribute(buyer, customer::LastOrder, std::to_string(today - kOrderCount + 1 + n));
+    store.Write("CUSTOMERS", from.key, buyer);
   }
 }
 
@@ -203,8 +273,13 @@ void SeedHelp(Store& store) {
 
 void Seed(Store& store, long long today) {
   for (const char* file : kFiles) store.CreateFile(file);
-  SeedCustomers(store);
-  SeedItems(store);
+  SeedCustomers(store, today);
+  SeedItems(store, today);
+  SeedAgreements(store, today);
+  SeedRows(store, "CODES", kCodes);
+  SeedParameters(store);
+  SeedScreens(store);
+  SeedLocators(store);
   SeedRows(store, "VENDORS", kVendors);
   SeedRows(store, "REPS", kReps);
   SeedOrders(store, today);

@@ -9,7 +9,7 @@ namespace {
 
 // Marks the file as ours (SQLite's application_id), so that no other database is ever cleared.
 constexpr int kApplicationId = 0x51564831;
-constexpr int kLayoutVersion = 1;
+constexpr int kLayoutVersion = 2;
 // 65,536 pages of 4 KiB are 256 MiB: a client that writes without end fills this and not the disk.
 constexpr const char* kPageLimit = "PRAGMA max_page_count = 65536";
 
@@ -82,7 +82,7 @@ Store::Store(const std::string& name) {
     const bool fresh = id == 0 && Number("SELECT count(*) FROM sqlite_master") == 0;
     if (!fresh && id != kApplicationId) throw StoreError("not a data file of the sample host");
     if (!fresh && Number("PRAGMA user_version") != kLayoutVersion)
-      throw StoreError("made by another version of the sample host");
+      throw StoreError("made by another version of the sample host; delete it for a new one");
     Execute(kPageLimit);
     Execute("BEGIN IMMEDIATE");
     Execute(

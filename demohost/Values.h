@@ -32,13 +32,34 @@ std::string Stored(Store& store, const Value& value, std::string_view key, std::
 
 /// Attribute numbers of the sample's files.
 namespace customer {
-enum { Name = 1, Street, City, Zip, Phone, Terms, Limit, Balance, Rep, Contacts };
+enum {
+  Name = 1,
+  Street,
+  City,
+  Zip,
+  Phone,
+  Terms,
+  Limit,
+  Balance,
+  Rep,
+  Contacts,
+  Since,
+  Reviewed,
+  LastOrder,
+  Account,
+  Email,
+  Class,
+  Discount
+};
 }
 namespace item {
-enum { Name = 1, Group, Unit, OnHand, Level, Cost, Price, Bin, Vendor };
+enum { Name = 1, Group, Unit, OnHand, Level, Cost, Price, Bin, Vendor, Counted, Catalogue, Pack };
 }
 namespace order {
-enum { Customer = 1, Date, Items, Quantities, Prices, Status, Rep, PoNumber };
+enum { Customer = 1, Date, Items, Quantities, Prices, Status, Rep, PoNumber, ShipBy, Remark };
+}
+namespace price {  // of a customer for an item; the key is both numbers, one behind the other
+enum { Amount = 1, Until, Remark };
 }
 
 }  // namespace quorvel::demohost
