@@ -50,4 +50,10 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
+std::string Trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
 }  // namespace quorvel

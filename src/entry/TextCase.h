@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace quorvel {
 
@@ -11,5 +12,8 @@ char UpperCase(char c);
 char LowerCase(char c);
 std::string UpperCase(std::string text);
 std::string LowerCase(std::string text);
+
+// Without the blanks at either end.
+std::string Trimmed(std::string_view text);
 
 }  // namespace quorvel

@@ -54,6 +54,14 @@ std::string BuildRequest(std::string_view verb, const std::vector<std::string_vi
   return frame;
 }
 
+std::string AsField(std::string text) {
+  const std::string ends{FrameMark(), FS, CR, LF};
+  for (char& c : text) {
+    if (ends.find(c) != std::string::npos) c = '?';
+  }
+  return text;
+}
+
 void ReadRecord(const std::string& file, const std::string& key) {
   SendAndWait("ReadRecord", BuildRequest("READ", {file, key}));
 }

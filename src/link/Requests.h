@@ -17,6 +17,10 @@ void SendToHost(const std::string& text);
 // A framed request line, CR included. Fields are not escaped; callers pass none with a mark.
 std::string BuildRequest(std::string_view verb, const std::vector<std::string_view>& fields);
 
+// A text that a user has typed, as a field of a request: what would end the field or the line is
+// replaced by "?".
+std::string AsField(std::string text);
+
 // Leaves ReplyRecord, ReadFailed and ReadMessage.
 void ReadRecord(const std::string& file, const std::string& key);
 

@@ -2,6 +2,7 @@
 
 #include "link/HandOvers.h"
 #include "menus/frmAbout.h"
+#include "menus/frmHelpText.h"
 #include "menus/frmSubMenu.h"
 #include "menus/mdiMain.h"
 #include "platform/controls/Desktop.h"
@@ -37,6 +38,15 @@ void InstallMenus() {
   };
   ask.UnloadMenu = [] {
     if (frmSubMenu* menu = LoadedForm<frmSubMenu>()) menu->Unload();
+  };
+  ask.ShowHelpText = [] {
+    if (frmHelpText* help = LoadedForm<frmHelpText>()) help->TakeMessage();
+    frmHelpText& help = Form<frmHelpText>();
+    help.Show();
+    help.SetFocus();
+  };
+  ask.UnloadHelpText = [] {
+    if (frmHelpText* help = LoadedForm<frmHelpText>()) help->Unload();
   };
 }
 

@@ -8,6 +8,7 @@ namespace quorvel {
 // set and one icon.
 namespace MessageBoxStyle {
 inline constexpr int kOkOnly = 0;
+inline constexpr int kYesNoCancel = 3;
 inline constexpr int kYesNo = 4;
 inline constexpr int kCritical = 16;
 inline constexpr int kQuestion = 32;

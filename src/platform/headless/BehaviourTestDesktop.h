@@ -76,8 +76,8 @@ class BehaviourTestDesktop {
   // How to answer the box that shows now.
   BoxAnswer NextAnswer(const MessageBoxRequest& shown) {
     boxes.push_back(shown);
-    const bool yesNo = (shown.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kYesNo;
-    BoxAnswer next{yesNo ? MessageBoxAnswer::Yes : MessageBoxAnswer::Ok, {}};
+    const bool ok = (shown.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kOkOnly;
+    BoxAnswer next{ok ? MessageBoxAnswer::Ok : MessageBoxAnswer::Yes, {}};
     if (!answers_.empty()) {
       next = std::move(answers_.front());
       answers_.pop_front();

@@ -131,8 +131,8 @@ void HeadlessBackend::RunUntilIdle() {
 MessageBoxAnswer HeadlessBackend::ShowMessageBox(const MessageBoxRequest& request) {
   messageBoxes.push_back(request);
   if (onMessageBox) return onMessageBox(request);
-  const bool yesNo = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kYesNo;
-  return yesNo ? MessageBoxAnswer::Yes : MessageBoxAnswer::Ok;
+  const bool ok = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kOkOnly;
+  return ok ? MessageBoxAnswer::Ok : MessageBoxAnswer::Yes;
 }
 
 void HeadlessBackend::PopUp(MenuItem& menu) {

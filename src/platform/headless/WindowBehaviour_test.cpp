@@ -139,7 +139,9 @@ TEST_F(ModalBehaviour, AMessageBoxComesAndGoesWithoutAnyEvent) {
   };
   const Style yesNo = MessageBoxStyle::kYesNo | MessageBoxStyle::kQuestion;
   for (const Case& c : {Case{MessageBoxStyle::kExclamation, MessageBoxAnswer::Ok},
-                        Case{yesNo, MessageBoxAnswer::Yes}, Case{yesNo, MessageBoxAnswer::No}}) {
+                        Case{yesNo, MessageBoxAnswer::Yes}, Case{yesNo, MessageBoxAnswer::No},
+                        Case{MessageBoxStyle::kYesNoCancel, MessageBoxAnswer::No},
+                        Case{MessageBoxStyle::kYesNoCancel, MessageBoxAnswer::Cancel}}) {
     user->AnswerBox(c.answer, [&] {
       user->Type("x");
       user->Click(One().cmdOK);

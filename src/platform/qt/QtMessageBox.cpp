@@ -1,6 +1,8 @@
 #include "platform/qt/QtMessageBox.h"
 
 #include <QMessageBox>
+#include <algorithm>
+#include <vector>
 
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/BoxAbove.h"
@@ -50,10 +52,35 @@ QMessageBox::Icon IconOf(int style) {
   }
 }
 
+// The buttons of a style, the default first, the one of Escape last.
+std::vector<QMessageBox::StandardButton> ButtonsOf(int style) {
+  switch (style & MessageBoxStyle::kButtonMask) {
+    case MessageBoxStyle::kYesNo:
+      return {QMessageBox::Yes, QMessageBox::No};
+    case MessageBoxStyle::kYesNoCancel:
+      return {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel};
+    default:
+      return {QMessageBox::Ok};
+  }
+}
+
+MessageBoxAnswer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Yes:
+      return MessageBoxAnswer::Yes;
+    case QMessageBox::No:
+      return MessageBoxAnswer::No;
+    case QMessageBox::Cancel:
+      return MessageBoxAnswer::Cancel;
+    default:
+      return MessageBoxAnswer::Ok;
+  }
+}
+
 }  // namespace
 
 MessageBoxAnswer ExecMessageBox(const MessageBoxRequest& request, QWidget* shell) {
-  const bool yesNo = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kYesNo;
+  const auto buttons = ButtonsOf(request.style);
   QMessageBox box;
   box.setObjectName(QStringLiteral("MessageBox"));
   box.setWindowTitle(ToCaption(request.title));
@@ -62,15 +89,15 @@ MessageBoxAnswer ExecMessageBox(const MessageBoxRequest& request, QWidget* shell
   box.setTextFormat(Qt::PlainText);
   box.setText(BoxText(request.text));
   box.setIcon(IconOf(request.style));
-  box.setStandardButtons(yesNo ? QMessageBox::Yes | QMessageBox::No
-                               : QMessageBox::StandardButtons(QMessageBox::Ok));
-  box.setDefaultButton(yesNo ? QMessageBox::Yes : QMessageBox::Ok);
-  box.setEscapeButton(yesNo ? QMessageBox::No : QMessageBox::Ok);
+  for (const auto button : buttons) box.addButton(button);
+  box.setDefaultButton(buttons.front());
+  box.setEscapeButton(buttons.back());
   box.setWindowModality(Qt::ApplicationModal);
   const BoxAbove above(&box, shell);
-  const int answer = box.exec();
-  if (!yesNo) return MessageBoxAnswer::Ok;
-  return answer == QMessageBox::Yes ? MessageBoxAnswer::Yes : MessageBoxAnswer::No;
+  const int pressed = box.exec();
+  // The program's end closes the box with no button of its own.
+  const bool own = std::find(buttons.begin(), buttons.end(), pressed) != buttons.end();
+  return AnswerOf(own ? pressed : buttons.back());
 }
 
 }  // namespace quorvel

@@ -78,7 +78,9 @@ class WatchedBackend : public QtBackend {
 
 // What a message box shows, as the program asked for it.
 MessageBoxRequest Shown(const QMessageBox& box) {
-  int style = box.button(QMessageBox::Yes) ? MessageBoxStyle::kYesNo : MessageBoxStyle::kOkOnly;
+  int style = box.button(QMessageBox::Cancel) ? MessageBoxStyle::kYesNoCancel
+              : box.button(QMessageBox::Yes)  ? MessageBoxStyle::kYesNo
+                                              : MessageBoxStyle::kOkOnly;
   switch (box.icon()) {
     case QMessageBox::Critical:
       style += MessageBoxStyle::kCritical;
@@ -266,9 +268,10 @@ class QtTestDesktop : public BehaviourTestDesktop {
     seen_.push_back(box);
     const BoxAnswer next = NextAnswer(Shown(*box));
     if (next.whileOpen) next.whileOpen();
-    const auto button = next.answer == MessageBoxAnswer::Yes  ? QMessageBox::Yes
-                        : next.answer == MessageBoxAnswer::No ? QMessageBox::No
-                                                              : QMessageBox::Ok;
+    const auto button = next.answer == MessageBoxAnswer::Yes      ? QMessageBox::Yes
+                        : next.answer == MessageBoxAnswer::No     ? QMessageBox::No
+                        : next.answer == MessageBoxAnswer::Cancel ? QMessageBox::Cancel
+                                                                  : QMessageBox::Ok;
     PressButton(box, button);
   }
   // Again and again while another box is above it.

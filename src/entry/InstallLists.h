@@ -1,0 +1,8 @@
+#pragma once
+
+namespace quorvel {
+
+// Makes the lists of the host reachable from below.
+void InstallListWindows();
+
+}  // namespace quorvel

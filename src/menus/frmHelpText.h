@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+#include "platform/controls/SimpleControls.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Window.h"
+
+namespace quorvel {
+
+// A help text of the host, to be read and edited. Leaving writes the text back or answers the host
+// with a bare CR. Not modal: the user can reach the other windows meanwhile.
+class frmHelpText : public Window {
+ public:
+  frmHelpText();
+
+  Label lblTitle{*this, "lblTitle"};
+  TextBox txtHelp{*this, "txtHelp"};
+  Button cmdSave{*this, "cmdSave"};
+  Button cmdExit{*this, "cmdExit"};
+
+  MenuItem mnuFile{*this, "mnuFile", "&File"};
+  MenuItem mnuFileSave{mnuFile, "mnuFileSave", "&Save"};
+  MenuItem mnuFileExit{mnuFile, "mnuFileExit", "&Exit"};
+  MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
+  MenuItem mnuHelpAbout{mnuHelp, "mnuHelpAbout", "&About"};
+
+  // Shows the text of the ~FIELDHELP~ message in HostMessage in place of the present one. Nothing
+  // while the present one is changed or being saved: the user goes on with that.
+  void TakeMessage();
+
+ protected:
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_QueryUnload(bool& cancel) override;
+  void Form_Unload(bool& cancel) override;
+
+ private:
+  void cmdSave_Click();
+  void cmdExit_Click();
+  bool Save();
+  void AnswerHost();
+
+  std::string helpKey_;  // HelpKey moves on when the user asks for another help text
+  bool changed_ = false;
+  bool written_ = false;  // the host has its answer in the text
+  bool saving_ = false;   // it has not confirmed yet
+};
+
+}  // namespace quorvel
