@@ -73,8 +73,13 @@ void PlaySession(HeadlessBackend& backend, Meets state, std::size_t cut, std::st
       bytes.remove_prefix(size);
       return true;
     }
-    if (!line->open) return false;
-    line->HangUp();
+    if (line->open) {
+      line->HangUp();
+      return true;
+    }
+    Window* front = desktop.focus().Front();
+    if (!front || !front->IsModal()) return false;
+    front->UserClose();
     return true;
   };
   backend.RunUntilIdle();

@@ -5,7 +5,6 @@
 
 #include "app/FarEndTest.h"
 #include "link/Requests.h"
-#include "link/frmPassword.h"
 
 namespace quorvel {
 namespace {
@@ -59,14 +58,17 @@ constexpr State kStates[] = {{"connecting", Connecting}, {"login", Login}, {"pas
                              {"terminal", AtTerminal},   {"menu", AtMenu}, {"capture", InCapture},
                              {"in a frame", InFrame}};
 
-// A window or box of the client that is left open is closed as its user would.
+// Closes the window that keeps the user from all others; false if there is none.
+bool CloseModalWindow() {
+  Window* front = desktop().focus().Front();
+  if (!front || !front->IsModal()) return false;
+  front->UserClose();
+  return true;
+}
+
+// A window of the client that is left open is closed as its user would.
 void LeaveBoxesToTheirDefault(ClientTest& client) {
-  client.backend.onIdle = [] {
-    frmPassword* dialog = LoadedForm<frmPassword>();
-    if (!dialog || !dialog->IsVisible()) return false;
-    dialog->cmdExit.UserClick();
-    return true;
-  };
+  client.backend.onIdle = CloseModalWindow;
 }
 
 // One read of a host gone mad: marks, words of the protocol and single bytes, in any order.
@@ -153,13 +155,7 @@ void PlayWait(ClientTest& client, const Wait& wait, int reads, std::mt19937& ran
     return MessageBoxAnswer::Ok;
   };
   AtMenu(client);
-  client.backend.onIdle = [&hostActs] {
-    if (hostActs()) return true;
-    frmPassword* dialog = LoadedForm<frmPassword>();
-    if (!dialog || !dialog->IsVisible()) return false;
-    dialog->cmdExit.UserClick();
-    return true;
-  };
+  client.backend.onIdle = [&hostActs] { return hostActs() || CloseModalWindow(); };
   wait.begin(client);
   client.backend.RunUntilIdle();
   client.backend.onIdle = nullptr;

@@ -154,8 +154,9 @@ TEST_F(ModalBehaviour, AMessageBoxComesAndGoesWithoutAnyEvent) {
   }
   EXPECT_EQ(Take(), Entries{});
   const MessageBoxRequest shown{"Line 1\nLine <b>2</b> & more", "Title", yesNo};
-  ASSERT_EQ(user->boxes.size(), 3u);
+  ASSERT_EQ(user->boxes.size(), 5u);
   EXPECT_EQ(user->boxes[2], shown);
+  EXPECT_EQ(user->boxes[4].style, int{MessageBoxStyle::kYesNoCancel});
   desktop().backend().application().SetTitle("Program");
   Do([] { desktop().MsgBox("untitled"); });
   EXPECT_EQ(user->boxes.back().title, "Program");
