@@ -121,6 +121,7 @@ void HostSession::OnRequest(const std::string& text) {
 void HostSession::SendRules(Reply reply) {
   std::replace(boxes_.begin(), boxes_.end(), Box::OfRules, Box::OutOfTurn);
   for (const auto& step : std::exchange(steps_, {})) {
+    if (step.bringsReturn && boxes_.size() >= kBoxLimit) continue;
     SendFrame(step.frame);
     if (step.bringsReturn) boxes_.push_back(Box::OutOfTurn);
   }

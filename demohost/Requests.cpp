@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "demohost/CaseRules.h"
@@ -162,8 +163,8 @@ Reply ReadHelp(const Request& request) {
   return reply;
 }
 
-// Cuts a line between words so that no part is longer than the width, where a blank allows it.
-void Wrap(std::string_view line, std::size_t width, Fields& lines) {
+// Cuts off what is longer than the width, between words where a blank allows it; gives the rest.
+std::string Wrap(std::string_view line, std::size_t width, Fields& lines) {
   while (line.size() > width) {
     auto cut = line.rfind(' ', width);
     if (cut == std::string_view::npos || cut == 0) cut = width;
@@ -171,15 +172,30 @@ void Wrap(std::string_view line, std::size_t width, Fields& lines) {
     line.remove_prefix(cut);
     line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
   }
-  lines.emplace_back(line);
+  return std::string(line);
+}
+
+// What is left of a line that was too long flows into the next one, so that a text stays even when
+// a word is put in. Empty lines and lines that begin with a blank start afresh.
+Fields Reflow(const Fields& text, std::size_t width) {
+  Fields lines;
+  std::string left;
+  for (const auto& line : text) {
+    const bool fresh = line.empty() || line.front() == ' ';
+    if (fresh && !left.empty()) lines.push_back(std::exchange(left, {}));
+    const auto joined = left.empty() ? line : left + " " + line;
+    left = Wrap(joined, width, lines);
+    if (joined.size() <= width) lines.push_back(std::exchange(left, {}));
+  }
+  if (!left.empty()) lines.push_back(left);
+  return lines;
 }
 
 Reply WriteHelp(const Request& request) {
   const auto asked = static_cast<std::size_t>(std::max(0LL, Number(request[3])));
   const auto width = asked >= 20 && asked <= 200 ? asked : kHelpWidth;
   const char separator = request[4].empty() ? kSvm : request[4].front();
-  Fields lines;
-  for (const auto& line : Split(request[2], separator)) Wrap(line, width, lines);
+  const auto lines = Reflow(Split(request[2], separator), width);
   auto record = request.host.Data().Read("HELP", request[1]).value_or("");
   if (Attribute(record, 1).empty()) SetAttribute(record, 1, request[1]);
   SetAttribute(record, kHelpTextAttribute, Join(lines, kVm));

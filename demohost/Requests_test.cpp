@@ -154,6 +154,12 @@ TEST_F(RequestTest, HelpIsReadWrittenAndAcknowledged) {
                 "\xFD" + string(5, 'c'));
   demo_.Forget().Type("");
   EXPECT_TRUE(demo_.AtMenu("MAIN.MENU")) << "after a write no return is owed";
+  // A line that has grown pushes words into the next, but not past the end of its paragraph.
+  Ask(demo_, {"WRITEHELP", "NEW.KEY", "aaaa bbbb cccc dddd eeee ffff\xFCgggg hhhh\xFC\xFC- a list",
+              "20", "\xFC"});
+  EXPECT_EQ(Attribute(*host_.Data().Read("HELP", "NEW.KEY"), 11),
+            "aaaa bbbb cccc dddd\xFD"
+            "eeee ffff gggg hhhh\xFD\xFD- a list");
   EXPECT_EQ(Ask(demo_, {"WRITEHELP", "", "text", "70", "\xFC"}),
             "\x7F"
             "A record needs a key\x7F");

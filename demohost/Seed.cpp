@@ -139,6 +139,24 @@ constexpr Row kHelp[] = {
     {"SO.ENTER",
      "Enter an Order|Takes the customer, then items and quantities.|"
      "An empty item number ends the order and stores it."},
+    {"CUST.NO",
+     "Customer number|C and four digits, such as C1001. The letter may be left out.|"
+     "NEW takes the next free number. E leaves the screen.||"
+     "The locator finds customers by a word of their name, their city or their terms."},
+    {"CUST.LIMIT",
+     "Credit limit|What the customer may owe us. Limits above $100,000.00 need the board.|"
+     "Customers with the terms COD have none."},
+    {"CUST.CONTACTS",
+     "Contacts|The people to ask for, the most important first, separated by semicolons."},
+    {"ITEM.GROUP",
+     "Item group|Decides where the item stands in price lists and on the shelves.|"
+     "The list shows all groups."},
+    {"PRICE.ITEM",
+     "Item number|Together with the customer this is the key of the price.|"
+     "Enter goes to the customer, where Enter accepts both."},
+    {"LINE.ITEM",
+     "Item number|The price comes from the agreement with the customer while it is valid,|"
+     "or else from the item. Without an item number the line is taken out."},
     {"UT.CLOSE", "Close the Month|Moves the accounts to the next month. Needs your password."},
 };
 
@@ -260,6 +278,11 @@ void SeedOrders(Store& store, long long today) {
 
 // Help records have their heading in attribute 1 and their lines as values of attribute 11.
 void SeedHelp(Store& store) {
+  for (const auto& field : FieldEntries()) {
+    std::string record = field.heading;
+    SetAttribute(record, 11, field.tip);
+    store.Write("HELP", field.name, record);
+  }
   for (const auto& row : kHelp) {
     auto lines = Split(row.attributes, '|');
     std::string record = lines.front();
