@@ -3,51 +3,24 @@
 #include <map>
 
 #include "app/FarEndTest.h"
+#include "entry/EntryTestText.h"
 #include "entry/frmEntry.h"
-#include "link/Records.h"
 #include "link/Requests.h"
 
 namespace quorvel {
 
-// A field definition of these values, by position.
-inline std::string FieldOfValues(const std::map<int, std::string>& values) {
-  std::string attribute;
-  for (const auto& [position, value] : values) {
-    attribute = ReplaceOf(attribute, 1, static_cast<std::int16_t>(position), 0, value);
-  }
-  return attribute;
-}
-
-// A mapping of these subvalues, by position.
-inline std::string MappingOf(const std::map<int, std::string>& subvalues) {
-  std::string value;
-  for (const auto& [position, subvalue] : subvalues) {
-    value = ReplaceOf(value, 1, 1, static_cast<std::int16_t>(position), subvalue);
-  }
-  return value;
-}
-
 // A client on a data-entry screen. The far end keeps files and answers all requests from them.
 class EntryTest : public FarEndTest {
  protected:
-  using Record = std::map<int, std::string>;  // by attribute
-
   EntryTest() {
     LogIn();
     backend.onIdle = [this] { return Serve(); };
     Session().AutoSize = 0;  // places stay what the definition makes them
   }
 
-  static std::string RecordOf(const Record& attributes) {
-    std::string record;
-    for (const auto& [number, text] : attributes) {
-      record = ReplaceOf(record, static_cast<std::int16_t>(number), 0, 0, text);
-    }
-    return record;
-  }
-
   // Opens the option AR.X with these prompts and parameters (attribute 1: the field order).
-  void Open(const Record& parms, const std::string& program = {}, const std::string& prompts = {}) {
+  void Open(const ByPosition& parms, const std::string& program = {},
+            const std::string& prompts = {}) {
     Put("DICTIONARY", "AR.X", RecordOf({{22, "DATA"}, {23, program}}));
     Put("SCREEN", "AR.X", prompts);
     Put("DICT BPAR", "AR!X", "DATA");
@@ -151,15 +124,5 @@ class EntryTest : public FarEndTest {
   std::string parms_;
   Texts requests_;
 };
-
-// A two-digit number of a placement.
-inline std::string Two(int number) {
-  return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
-// A placement: column, row, width, data type.
-inline std::string PlaceAt(int column, int row, int width, const std::string& type = "1") {
-  return Two(column) + Two(row) + Two(width) + type;
-}
 
 }  // namespace quorvel

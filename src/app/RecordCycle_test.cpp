@@ -16,7 +16,7 @@ class RecordCycleTest : public EntryTest {
            "4\xFD"
            "5\xFD"
            "6"},
-          {2, FieldOfValues({{1, PlaceAt(10, 1, 8)}, {5, "X"}, {6, "CUST.ID"}})},
+          {2, DefinitionOf({{1, PlaceAt(10, 1, 8)}, {5, "X"}, {6, "CUST.ID"}})},
           {3, Stored(2, 1, 20, {{15, "Y"}})},
           {4, Stored(3, 2, 10, {{2, MappingOf({{2, "2"}, {7, "Y"}})}, {4, "MR2"}}, "2")},
           {5, Stored(4, 3, 10, {{2, MappingOf({{2, "3"}, {6, "2"}})}})},
@@ -26,12 +26,12 @@ class RecordCycleTest : public EntryTest {
     Put("DATA", "100",
         RecordOf({{1, "Acme"}, {2, "1250"}, {3, "c"}, {4, "d"}, {5, "e"}, {6, "f"}}));
   }
-  static std::string Stored(int row, int attribute, int width, std::map<int, std::string> values,
+  static std::string Stored(int row, int attribute, int width, ByPosition values,
                             const std::string& type = "1") {
     values.try_emplace(1, PlaceAt(10, row, width, type));
     values.try_emplace(2, MappingOf({{2, std::to_string(attribute)}}));
     values.try_emplace(5, "X");
-    return FieldOfValues(values);
+    return DefinitionOf(values);
   }
   // Enabled fields, then the enabled buttons: O, S, C, D, E.
   std::string State() {

@@ -20,6 +20,7 @@ enum class KeyCode : int {
   Down = 40,
   Insert = 45,
   Delete = 46,
+  Menu = 93,
   Numpad0 = 96,
   Numpad9 = 105,
   Multiply = 106,

@@ -294,6 +294,12 @@ void Window::UseKey(KeyEvent& key) {
     return;
   }
   const auto code = static_cast<KeyCode>(key.code);
+  const bool asksForMenu = code == KeyCode::Menu || (code == KeyCode::F10 && key.shift == kShift);
+  if (asksForMenu && target->MouseDown) {
+    key.code = 0;
+    target->UserMouseDown(MouseButton::Right);
+    return;
+  }
   const bool plain = (key.shift & (kControl | kAlt)) == 0;
   if (code == KeyCode::Tab && plain) {
     key.code = 0;
@@ -317,13 +323,15 @@ Control* Window::FindMnemonic(int code) const {
     switch (control->kind()) {
       case ControlKind::Button:
       case ControlKind::CheckBox:
-      case ControlKind::OptionButton: return control;
+      case ControlKind::OptionButton:
+        return control;
       case ControlKind::Label: {
         Control* buddy = static_cast<Label*>(control)->Buddy();
         if (buddy && buddy->Reachable()) return buddy;
         break;
       }
-      default: break;
+      default:
+        break;
     }
   }
   return nullptr;

@@ -31,6 +31,7 @@ constexpr KeyRow kKeys[] = {
     {Qt::Key_Insert, KeyCode::Insert},
     {Qt::Key_Delete, KeyCode::Delete},
     {Qt::Key_NumLock, KeyCode::NumLock},
+    {Qt::Key_Menu, KeyCode::Menu},
 };
 
 // What every other key has: none of the classic numbers, and not 0, which is a key used up.

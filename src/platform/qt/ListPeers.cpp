@@ -10,6 +10,7 @@
 
 #include "platform/controls/Lists.h"
 #include "platform/qt/ControlPeers.h"
+#include "platform/qt/GridBoxes.h"
 #include "platform/qt/LineLimit.h"
 #include "platform/qt/Pictures.h"
 #include "platform/qt/Text.h"
@@ -104,7 +105,7 @@ std::unique_ptr<RowsModel> ModelOf(const ListRows& rows) {
 class ComboPeer : public ListPeer {
  public:
   ComboPeer(ComboBox& combo, QWidget* parent)
-      : ListPeer(combo, new QComboBox(parent), ModelOf(combo.List)), combo_(combo) {
+      : ListPeer(combo, new GridComboBox(parent), ModelOf(combo.List)), combo_(combo) {
     constexpr int kNarrowest = 12;  // characters; measuring all rows would cost too much
     Own()->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     Own()->setMinimumContentsLength(kNarrowest);
@@ -127,6 +128,8 @@ class ComboPeer : public ListPeer {
     switch (prop) {
       case Prop::Items:
         return RowsChanged();
+      case Prop::Look:
+        return static_cast<GridComboBox*>(Widget())->SetLook(combo_.Look());
       case Prop::Text:
       case Prop::ListIndex:
       case Prop::MaxLength:

@@ -23,12 +23,10 @@ class LabelPeer : public WidgetPeer {
  public:
   LabelPeer(Label& label, QWidget* parent) : WidgetPeer(label, new QLabel(parent)), label_(label) {
     Own()->setTextFormat(Qt::PlainText);
-    Own()->setWordWrap(true);
-    const bool laidOut = !label.window().layout().empty();
-    Own()->setAlignment(Qt::AlignLeft | (laidOut ? Qt::AlignVCenter : Qt::AlignTop));
     UpdateAll();
   }
   void Apply(Prop prop) override {
+    if (prop == Prop::Look) return Arrange();
     if (prop != Prop::Caption && prop != Prop::AccessibleText) return;
     // Only a label that stands for something leads anywhere: in any other an "&" is text.
     const Control* buddy = label_.Buddy();
@@ -38,6 +36,12 @@ class LabelPeer : public WidgetPeer {
 
  private:
   QLabel* Own() { return static_cast<QLabel*>(Widget()); }
+  // On a grid its text stands on the line of the boxes beside it.
+  void Arrange() {
+    const bool centred = label_.Look().onGrid || !label_.window().layout().empty();
+    Own()->setWordWrap(!label_.Look().onGrid);
+    Own()->setAlignment(Qt::AlignLeft | (centred ? Qt::AlignVCenter : Qt::AlignTop));
+  }
   Label& label_;
 };
 

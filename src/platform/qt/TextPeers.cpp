@@ -5,6 +5,7 @@
 
 #include "platform/controls/TextBox.h"
 #include "platform/qt/ControlPeers.h"
+#include "platform/qt/GridBoxes.h"
 #include "platform/qt/LineLimit.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeer.h"
@@ -14,7 +15,7 @@ namespace {
 
 class LinePeer : public WidgetPeer {
  public:
-  LinePeer(TextBox& box, QWidget* parent) : WidgetPeer(box, new QLineEdit(parent)), box_(box) {
+  LinePeer(TextBox& box, QWidget* parent) : WidgetPeer(box, new GridLineEdit(parent)), box_(box) {
     connect(Own(), &QLineEdit::textEdited, this, [this](const QString& text) { Edit(text); });
     connect(Own(), &QLineEdit::selectionChanged, this, [this] { TellSelection(); });
     connect(Own(), &QLineEdit::cursorPositionChanged, this, [this] { TellSelection(); });
@@ -36,6 +37,8 @@ class LinePeer : public WidgetPeer {
       case Prop::Locked:
         Own()->setReadOnly(box_.Locked());
         return;
+      case Prop::Look:
+        return static_cast<GridLineEdit*>(Widget())->SetLook(box_.Look());
       case Prop::SelStart:
       case Prop::SelLength:
         return ShowSelection();

@@ -8,6 +8,7 @@
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/TabStrip.h"
 #include "platform/qt/Accessibility.h"
+#include "platform/qt/GridBoxes.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowPeer.h"
@@ -52,6 +53,10 @@ bool NeedsClicks(ControlKind kind) {
   }
 }
 
+bool IsRight(const QEvent& event) {
+  return static_cast<const QMouseEvent&>(event).button() == Qt::RightButton;
+}
+
 }  // namespace
 
 QWidget* WidgetOf(const Control& control) {
@@ -83,7 +88,7 @@ void WidgetPeer::UpdateAll() {
   for (const Prop prop :
        {Prop::Left, Prop::Font, Prop::BackColor, Prop::Caption, Prop::ToolTipText, Prop::Text,
         Prop::MaxLength, Prop::PasswordChar, Prop::Locked, Prop::Items, Prop::Tabs, Prop::Tab,
-        Prop::Value, Prop::Default, Prop::Picture, Prop::Enabled, Prop::Visible}) {
+        Prop::Value, Prop::Default, Prop::Picture, Prop::Look, Prop::Enabled, Prop::Visible}) {
     Update(prop);
   }
 }
@@ -96,6 +101,7 @@ void WidgetPeer::Update(Prop prop) {
     case Prop::Top:
     case Prop::Width:
     case Prop::Height:
+    case Prop::Look:
       Place();
       break;
     case Prop::Visible:
@@ -127,8 +133,9 @@ void WidgetPeer::Update(Prop prop) {
 
 void WidgetPeer::Place() {
   if (IsLaidOut(control_) || IsPlacedByShell(control_)) return;
-  widget_->setGeometry(ToPixels(control_.Left()), ToPixels(control_.Top()),
-                       ToPixels(control_.Width()), ToPixels(control_.Height()));
+  const int inset = GridInset(control_);
+  widget_->setGeometry(ToPixels(control_.Left()), ToPixels(control_.Top()) + ToPixels(inset),
+                       ToPixels(control_.Width()), ToPixels(control_.Height() - 2 * inset));
 }
 
 void WidgetPeer::Colour() {
@@ -170,6 +177,12 @@ bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
         control_.UserFocus();
       }
       return false;
+    case QEvent::ContextMenu:
+      return control_.MouseDown != nullptr;  // the press has been served
+    case QEvent::MouseButtonPress:
+      if (!control_.MouseDown || !IsRight(*event)) return false;
+      control_.UserMouseDown(MouseButton::Right);
+      return true;
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
       return NeedsClicks(control_.kind()) && TakeMouse(*event);
