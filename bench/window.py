@@ -107,7 +107,7 @@ class Client:
             return self.keys[count] - start
 
     def close(self):
-        self.connection.close()
+        self.connection.shutdown(socket.SHUT_RDWR)
         self.process.wait(timeout=30)
 
 

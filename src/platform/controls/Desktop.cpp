@@ -1,7 +1,7 @@
 #include "platform/controls/Desktop.h"
 
+#include <algorithm>
 #include <new>
-#include <ranges>
 
 #include "platform/controls/Menu.h"
 
@@ -126,11 +126,9 @@ void Desktop::RunWithin(const std::function<void()>& body) {
 }
 
 bool Desktop::InputHeld() const {
-  for (const Context context : std::views::reverse(contexts_)) {
-    if (context == Context::Receive) return true;
-    if (context != Context::Program) return false;
-  }
-  return false;
+  const auto inner = std::find_if(contexts_.rbegin(), contexts_.rend(),
+                                  [](Context context) { return context != Context::Program; });
+  return inner != contexts_.rend() && *inner == Context::Receive;
 }
 
 int Desktop::RunningReceives() const {

@@ -1,7 +1,6 @@
 #include "platform/controls/Focus.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "platform/controls/Control.h"
 #include "platform/controls/Desktop.h"
@@ -19,11 +18,10 @@ Control* Focus::KeyTarget() const {
 }
 
 bool Focus::IsBlocked(const Window& window) const {
-  for (const Window* other : std::views::reverse(order_)) {
-    if (other == &window) return false;
-    if (other->IsModal()) return true;
-  }
-  return false;
+  const auto first = std::find_if(order_.rbegin(), order_.rend(), [&](const Window* other) {
+    return other == &window || other->IsModal();
+  });
+  return first != order_.rend() && *first != &window;
 }
 
 void Focus::SetFocus(Control& control) {

@@ -125,7 +125,7 @@ bool TerminalPainter::PaintLine(const QPoint& corner, const vt::Line& line,
     }
     TerminalColours::Pair pair = colours_.Of(attributes);
     if (chosen) std::swap(pair.fore, pair.back);
-    PaintRun(corner, line, from, to, pair);
+    PaintRun(corner, line, from, to, pair, Ground::Bare);
     blinks |= attributes.blink();
     from = to;
   }
@@ -146,12 +146,12 @@ void TerminalPainter::PaintCursor(const QPoint& corner, const vt::Line& line, in
     return;
   }
   std::swap(pair.fore, pair.back);
-  PaintRun(corner, line, column, column + 1, pair);
+  PaintRun(corner, line, column, column + 1, pair, Ground::Painted);
 }
 
 // Coordinates inside are those of a line of single width; double sizes scale them.
 void TerminalPainter::PaintRun(const QPoint& corner, const vt::Line& line, int from, int to,
-                               const TerminalColours::Pair& pair) const {
+                               const TerminalColours::Pair& pair, Ground ground) const {
   const vt::Attributes& attributes = CellOf(line, from).attributes;
   const int height = font_.CellHeight();
   const QRect area(0, 0, (to - from) * font_.CellWidth(), height);
@@ -166,7 +166,7 @@ void TerminalPainter::PaintRun(const QPoint& corner, const vt::Line& line, int f
       painter_.translate(0, -height / 2.0);
     }
   }
-  painter_.fillRect(area, pair.back);
+  if (ground != Ground::Bare || pair.back != colours_.Back()) painter_.fillRect(area, pair.back);
   if (!attributes.invisible() && !(attributes.blink() && blinkOff_)) {
     painter_.setPen(pair.fore);
     PaintText(line, from, to, colours_.BoldByWeight(attributes));

@@ -43,15 +43,18 @@ class TerminalPainter {
                   bool blinkOff)
       : painter_(painter), colours_(colours), font_(font), blinkOff_(blinkOff) {}
 
-  // A line with its upper left corner at `corner`. True when some of it blinks.
+  // A line with its upper left corner at `corner`, over the bare background. True when some of it
+  // blinks.
   bool PaintLine(const QPoint& corner, const vt::Line& line,
                  const std::function<bool(int column)>& selected) const;
   // The cursor over a cell of the same line; a block shows the character in the ground's colour.
   void PaintCursor(const QPoint& corner, const vt::Line& line, int column, CursorShape shape) const;
 
  private:
+  // What is there already: the terminal's background alone, or a character to paint over.
+  enum class Ground { Bare, Painted };
   void PaintRun(const QPoint& corner, const vt::Line& line, int from, int to,
-                const TerminalColours::Pair& pair) const;
+                const TerminalColours::Pair& pair, Ground ground) const;
   void PaintText(const vt::Line& line, int from, int to, bool bold) const;
   bool DrawBox(char16_t glyph, const QRect& cell) const;
   void DrawSmall(const char* letters, const QRect& cell) const;

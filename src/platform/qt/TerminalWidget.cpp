@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -22,11 +23,31 @@ constexpr int kMargin = 2;  // pixels around the grid
 constexpr int kBlinkMilliseconds = 500;
 constexpr int kDragScrollMilliseconds = 50;
 constexpr int kNewsMilliseconds = 40;  // a frame, for somebody who listens
+constexpr int kFrameMilliseconds = 16;
+// Under a flood of output painting takes at most one part of so many of the time, down to a rate
+// that still reads as motion.
+constexpr int kPaintShare = 5;
+constexpr int kLongestFrameMilliseconds = 80;
 constexpr int kLinesOfAWheelStep = 3;
 constexpr int kWheelStep = 120;  // eighths of a degree, the unit of QWheelEvent
 constexpr int kThirdClickDistance = 8;
 
 using Unit = TerminalSelection::Unit;
+
+bool IsOfUser(QEvent::Type type) {
+  switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::Resize:
+      return true;
+    default:
+      return false;
+  }
+}
 
 }  // namespace
 
@@ -119,7 +140,7 @@ void TerminalWidget::ScrollTo(int firstLine) {
 void TerminalWidget::TakeChange(Prop prop) {
   switch (prop) {
     case Prop::Screen:
-      TakeOutput();
+      TakeOutputThisFrame();
       break;
     case Prop::Font:
     case Prop::ScreenSize:
@@ -147,7 +168,25 @@ void TerminalWidget::UpdateRow(int row) {
   update(0, kMargin + row * font_.CellHeight(), width(), font_.CellHeight());
 }
 
+// The first output is shown at once, what follows it at the end of the frame.
+void TerminalWidget::TakeOutputThisFrame() {
+  if (frame_.isActive()) {
+    outputWaits_ = true;
+    return;
+  }
+  TakeOutput();
+  frame_.start(
+      std::clamp(paintMilliseconds_ * kPaintShare, kFrameMilliseconds, kLongestFrameMilliseconds),
+      Qt::PreciseTimer, this);
+}
+
+// To be called ahead of whatever looks at places of lines: output moves them.
+void TerminalWidget::TakeWaitingOutput() {
+  if (outputWaits_) TakeOutput();
+}
+
 void TerminalWidget::TakeOutput() {
+  outputWaits_ = false;
   const vt::DirtyRows dirty = terminal_.emulation().TakeDirty();
   FollowScrolling(dirty);
   DropChangedSelection(dirty);
@@ -179,7 +218,7 @@ void TerminalWidget::FollowScrolling(const vt::DirtyRows& dirty) {
     back_ = terminal_.KeepScrolledView()
                 ? static_cast<int>(std::clamp<std::int64_t>(lines - first, 0, lines))
                 : 0;
-    update();
+    if (lines - back_ != first) update();
   }
   FitScrollBar();
 }
@@ -215,6 +254,11 @@ TerminalPainter::CursorShape TerminalWidget::ShapeOfCursor() const {
 }
 
 void TerminalWidget::paintEvent(QPaintEvent* event) {
+  // A view of the scroll-back lies where the output that waits has not yet moved it. Otherwise
+  // what is there now is painted; taking it here would ask for the next paint at once.
+  if (back_ > 0) TakeWaitingOutput();
+  QElapsedTimer clock;
+  clock.start();
   QPainter painter(this);
   const TerminalColours colours(terminal_);
   const QRegion& region = event->region();
@@ -226,6 +270,8 @@ void TerminalWidget::paintEvent(QPaintEvent* event) {
     }
   }
   if (blinking_.any() && !blink_.isActive()) blink_.start(kBlinkMilliseconds, this);
+  paintMilliseconds_ =
+      static_cast<int>(std::min<qint64>(clock.elapsed(), kLongestFrameMilliseconds));
 }
 
 void TerminalWidget::PaintRow(QPainter& painter, const TerminalColours& colours, int row) {
@@ -248,6 +294,9 @@ void TerminalWidget::timerEvent(QTimerEvent* event) {
       if (blinking_.test(row)) UpdateRow(static_cast<int>(row));
     }
     if (blinking_.none()) blink_.stop();
+  } else if (event->timerId() == frame_.timerId()) {
+    frame_.stop();
+    if (outputWaits_) TakeOutputThisFrame();
   } else if (event->timerId() == news_.timerId()) {
     news_.stop();
     TellAssistiveTools();
@@ -261,6 +310,7 @@ void TerminalWidget::timerEvent(QTimerEvent* event) {
 // --- keys
 
 bool TerminalWidget::event(QEvent* event) {
+  if (IsOfUser(event->type())) TakeWaitingOutput();
   if (event->type() == QEvent::ShortcutOverride) {
     // All keys are the host's, but those that open the menus.
     const auto* key = static_cast<QKeyEvent*>(event);

@@ -58,7 +58,9 @@ class TerminalWidget : public QWidget {
   void FitFont();
   void FitScrollBar();
   void ScrollTo(int firstLine);
+  void TakeOutputThisFrame();
   void TakeOutput();
+  void TakeWaitingOutput();
   void FollowScrolling(const vt::DirtyRows& dirty);
   void DropChangedSelection(const vt::DirtyRows& dirty);
   void TellAssistiveTools();
@@ -78,8 +80,11 @@ class TerminalWidget : public QWidget {
   std::bitset<vt::kMaxRows> blinking_;  // rows that have blinking text
   bool blinkOff_ = false;
   QBasicTimer blink_;
-  QBasicTimer dragScroll_;  // runs while a selection is drawn beyond the edge
-  QBasicTimer news_;        // for assistive tools, at most once a frame
+  QBasicTimer dragScroll_;     // runs while a selection is drawn beyond the edge
+  QBasicTimer news_;           // for assistive tools, at most once a frame
+  QBasicTimer frame_;          // runs for one frame's time after output has been taken
+  bool outputWaits_ = false;   // for the end of the frame
+  int paintMilliseconds_ = 0;  // what the last paint has cost
   bool selecting_ = false;
   int wheel_ = 0;  // turned, not yet a whole step
   QPoint pointer_;

@@ -86,7 +86,7 @@ constexpr StandIn kStandIns[] = {
 // The sets of 94 by final byte.
 constexpr auto kSetByFinal = [] {
   std::array<std::optional<CharacterSet>, 128> sets{};
-  for (const Designator& row : kSets94) sets[static_cast<std::size_t>(row.final)] = row.set;
+  for (const Designator& row : kSets94) sets[static_cast<unsigned char>(row.final)] = row.set;
   return sets;
 }();
 

@@ -184,8 +184,7 @@ std::string RandomStream(std::mt19937& random, std::size_t pieces) {
                                                 "\x0E",
                                                 "\x0F",
                                                 "\x1BN",
-                                                "\x1B"
-                                                "c",
+                                                "\033c",
                                                 "\x1B[!p",
                                                 "\x1B[61\"p",
                                                 "\x1B[62\"p",

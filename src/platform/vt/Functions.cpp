@@ -124,11 +124,11 @@ constexpr auto kControlByCode = [] {
 }();
 
 // The places of characters in `prefixes`, by code; -1 for all others.
-constexpr std::array<std::int8_t, 128> PlacesOf(std::string_view prefixes) {
-  std::array<std::int8_t, 128> places{};
+constexpr std::array<int, 128> PlacesOf(std::string_view prefixes) {
+  std::array<int, 128> places{};
   places.fill(-1);
   for (std::size_t i = 0; i < prefixes.size(); ++i) {
-    places[static_cast<std::size_t>(prefixes[i])] = static_cast<std::int8_t>(i);
+    places[static_cast<std::size_t>(prefixes[i])] = static_cast<int>(i);
   }
   return places;
 }
