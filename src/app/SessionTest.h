@@ -117,6 +117,7 @@ class JoinedTest : public ClientTest {
   }
 
   demohost::HostSession& Host() { return *host_; }
+  demohost::Store& HostData() { return application_.Data(); }
   // Ends every write of the host in the next read together with what follows it.
   bool joinWrites = false;
 
