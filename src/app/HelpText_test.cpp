@@ -1,5 +1,8 @@
 // The help text window: what a help message shows, and what leaving it tells the host.
 
+#include <iterator>
+#include <sstream>
+
 #include "app/FarEndTest.h"
 #include "menus/frmHelpText.h"
 
@@ -170,6 +173,40 @@ TEST_F(HelpTextTest, ChangesOutliveTheSession) {
   Do([this] { user.Click(Help().cmdExit); });
   EXPECT_FALSE(IsOpen());
   EXPECT_FALSE(backend.stalled);
+}
+
+Texts WordsOf(const std::string& text) {
+  std::istringstream in(text);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+class HelpTextStory : public ::testing::Test, public JoinedTest {};
+
+TEST_F(HelpTextStory, TheSampleHostKeepsWhatIsSaved) {
+  Start("[TELNET]\nHostName=host\n[LOGIN]\nUserId=demo\nPwd=demo\n");
+  const auto open = [this] { Do([this] { user.Click(Form<frmSubMenu>().cmdHelp); }); };
+  open();
+  ASSERT_TRUE(LoadedForm<frmHelpText>());
+  const std::string before = LoadedForm<frmHelpText>()->txtHelp.Text();
+  std::string words;
+  for (int i = 0; i < 20; ++i) words += "word" + std::to_string(i) + " ";
+  LoadedForm<frmHelpText>()->txtHelp.UserEdit(words + "\r\n" + before);
+  Do([this] { user.Click(LoadedForm<frmHelpText>()->cmdSave); });
+  EXPECT_EQ(LoadedForm<frmHelpText>(), nullptr);
+  open();
+  // Reflowed to lines of at most 70 characters, nothing lost.
+  const std::string after = LoadedForm<frmHelpText>()->txtHelp.Text();
+  EXPECT_LE(after.find("\r\n"), 70u);
+  EXPECT_EQ(WordsOf(after), WordsOf(words + before));
+  Do([this] { user.Press(KeyCode::Escape); });
+  EXPECT_EQ(LoadedForm<frmHelpText>(), nullptr);
+  EXPECT_TRUE(backend.messageBoxes.empty());
+  // The host has gone on.
+  Do([this] {
+    user.Click(Form<frmSubMenu>().cboExecute);
+    user.Type("IC\r");
+  });
+  EXPECT_EQ(Session().MenuText.substr(0, 5), "Items");
 }
 
 }  // namespace

@@ -210,6 +210,12 @@ TEST_F(ListsTest, AFieldsListIsAskedFor) {
   EXPECT_EQ(Session().PendingOp, "");
   Show(kCities, {[this] { user.Press(KeyCode::Escape); }});
   EXPECT_EQ(Pointers(), (Texts{"hourglass", "arrow"}));
+  // The host may have no such list.
+  Run([] { RequestList("NONE"); });
+  Line().TakeSent();
+  Deliver(FrameOf({"~ERRORMSG~", "No list NONE"}));
+  EXPECT_EQ(BoxTexts(), Texts{"No list NONE"});
+  EXPECT_EQ(Pointers().back(), "arrow");
 }
 
 // --- the locator
@@ -330,6 +336,35 @@ TEST_F(ListsTest, ImpatienceAndMarks) {
   Run([] { RequestLocator("CUSTOMERS"); });
   ExpectDone();
   EXPECT_EQ(Line().TakeSent(), RequestOf({"SYLOCATR", "CUSTOMERS", "M?N?Z", ""}));
+}
+
+// Word, limiter and list against the sample host.
+TEST(LocatorStory, TheSampleHostFindsACustomer) {
+  JoinedTest client;
+  client.Start("[TELNET]\nHostName=host\n[LOGIN]\nUserId=demo\nPwd=demo\n");
+  Texts found;
+  std::vector<Act> acts = {[&] { client.user.Type("net30\r"); },
+                           [&] { client.user.Type("ashf\r"); },
+                           [&] {
+                             found = LoadedForm<frmList>()->lstItems.List.All();
+                             LoadedForm<frmList>()->lstItems.UserPick(0);
+                             client.user.Press(KeyCode::Return);
+                           }};
+  client.backend.onIdle = [&acts, exchange = client.backend.onIdle] {
+    if (exchange()) return true;
+    if (acts.empty()) return false;
+    const Act act = acts.front();
+    acts.erase(acts.begin());
+    act();
+    return true;
+  };
+  desktop().Post(EventKind::User, [] { RequestLocator("CUSTOMERS"); });
+  client.backend.RunUntilIdle();
+  EXPECT_FALSE(client.backend.stalled);
+  EXPECT_EQ(LoadedForm<frmList>(), nullptr);
+  ASSERT_FALSE(found.empty());
+  for (const std::string& line : found) EXPECT_NE(line.find("Ashford"), std::string::npos) << line;
+  EXPECT_TRUE(client.backend.messageBoxes.empty());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "entry/frmEntry.h"
 
+#include "entry/ListRequests.h"
 #include "entry/ScreenBuilder.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
@@ -194,19 +195,11 @@ void frmEntry::cmdHelp_Click() {
 }
 
 void frmEntry::SYList() {
-  screen_.Run([this] {
-    const std::string list = definition_.Field(Session().CurrentField).listName;
-    if (list.empty()) return;
-    desktop().backend().SetMousePointer(MousePointer::Hourglass);
-    SendToHost(BuildRequest("SYLIST", {list}));
-  });
+  screen_.Run([this] { RequestList(definition_.Field(Session().CurrentField).listName); });
 }
 
 void frmEntry::SYLocatr() {
-  screen_.Run([this] {
-    SessionState& s = Session();
-    s.LocatorFile = definition_.Field(s.CurrentField).locator;
-  });
+  screen_.Run([this] { RequestLocator(definition_.Field(Session().CurrentField).locator); });
 }
 
 void frmEntry::ShowText(int number, const std::string& text) {

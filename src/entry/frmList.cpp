@@ -67,7 +67,8 @@ void frmList::Form_Load() {
 void frmList::TakeLines(const std::string& message) {
   if (const Terminal* terminal = Ask().TerminalControl()) {
     const quorvel::Font& font = terminal->Font();
-    lstItems.Font = {font.name, font.size, font.bold};
+    // One that nobody has chosen yet: the columns of the lines need a fixed pitch all the same.
+    if (!font.name.empty()) lstItems.Font = {font.name, font.size, font.bold};
   }
   lstItems.List.Clear();
   int number = 0;

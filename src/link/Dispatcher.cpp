@@ -149,6 +149,8 @@ void TakeFieldHelp() {
 void TakeErrorMsg() {
   const std::string& pending = Session().PendingOp;
   if (pending == "RunOption" || pending == "ReadRecord") return Reply(MessageField(1));
+  // A window that was waited for will not come.
+  desktop().backend().SetMousePointer(MousePointer::Default);
   desktop().MsgBox(MessageField(2));
 }
 
