@@ -70,7 +70,8 @@ class EntryTest : public FarEndTest {
   }
 
   std::map<std::string, std::map<std::string, std::string>> files;
-  Texts opening;  // the requests that opened the screen
+  std::string plain;  // what was sent outside any request
+  Texts opening;      // the requests that opened the screen
   // The reply frames to a hook; by default it comes back as it went out.
   std::function<std::string(const Texts& fields)> onHook;
   // Looks at every request first; an answer of its own, or nothing.
@@ -87,8 +88,12 @@ class EntryTest : public FarEndTest {
     if (backend.lines.empty()) return false;
     const std::string sent = Line().TakeSent();
     bool served = false;
+    std::string text;
     for (const std::string_view line : Fields(sent, CR)) {
-      if (line.size() < 2 || line.front() != '\x7F') continue;
+      if (line.size() < 2 || line.front() != '\x7F') {
+        text += std::string(line) + CR;
+        continue;
+      }
       Texts fields;
       for (const std::string_view field : Fields(line.substr(1, line.size() - 2), FS)) {
         fields.emplace_back(field);
@@ -100,6 +105,7 @@ class EntryTest : public FarEndTest {
       if (!answer.empty()) Line().Deliver(answer);
       served = true;
     }
+    if (!text.empty()) plain += text.substr(0, text.size() - 1);  // the last CR ends the last line
     return served;
   }
 

@@ -89,5 +89,280 @@ TEST_F(RecordCycleTest, ARecordIsFoundChangedAndSaved) {
   EXPECT_TRUE(backend.messageBoxes.empty());
 }
 
+// --- the states
+
+TEST_F(RecordCycleTest, WhatIsOpenInEachState) {
+  OpenCustomers();
+  EXPECT_EQ(State(), "2OE");
+  EnterKey("100");
+  EXPECT_EQ(State(), "346SCD");  // mode MAINT
+  EXPECT_EQ(Session().NewRecord, "");
+  Do([&] { Screen().UserClose(); });
+  EXPECT_TRUE(IsOpen());  // not with a record open
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(State(), "2OE");
+
+  EnterKey("200");
+  EXPECT_EQ(
+      backend.messageBoxes,
+      (std::vector<MessageBoxRequest>{{"Do you want to add this record?", "New Record", 36}}));
+  EXPECT_EQ(State(), "345SCD");  // mode ENTRY
+  EXPECT_EQ(Session().NewRecord, "Y");
+  EXPECT_TRUE(HasKeyboard(Text(3)));
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(State(), "345SCD");  // the required field is still empty
+  Enter(3, "New");
+  Click(Screen().cmdSave);
+  EXPECT_EQ(State(), "2OE");
+  EXPECT_EQ(files["DATA"]["200"].substr(0, 4), "New\xFE");
+  EnterKey("200");
+  EXPECT_EQ(Session().NewRecord, "");
+  Click(Screen().cmdCancel);
+  Click(Screen().cmdExit);
+  EXPECT_FALSE(IsOpen());
+  EXPECT_EQ(Session().ScreenLoaded, kFalse);
+}
+
+TEST_F(RecordCycleTest, KeysThatOpenNothing) {
+  OpenCustomers();
+  onRequest = [](const Texts& f) -> std::optional<std::string> {
+    if (f[0] != "READ" || f[1] != "DATA") return std::nullopt;
+    return FrameOf({"~ERRORMSG~", "Unable to Open file DATA"});
+  };
+  EnterKey("100");
+  EXPECT_EQ(BoxTexts(), Texts{"Unable to Open file DATA"});
+  EXPECT_EQ(State(), "2OE");
+  EXPECT_EQ(TakeRequests(), (Texts{"LOCK AR.X DATA 100 L", "READ DATA 100"}));  // no unlock
+  onRequest = nullptr;
+
+  backend.onMessageBox = [](const MessageBoxRequest&) { return MessageBoxAnswer::No; };
+  EnterKey("300");
+  EXPECT_EQ(State(), "2OE");
+  EXPECT_TRUE(HasKeyboard(Text(2)));
+  EXPECT_EQ(TakeRequests().back(), "LOCK AR.X DATA 300 U");
+
+  EnterKey("e");
+  EXPECT_FALSE(IsOpen());
+  EXPECT_TRUE(TakeRequests().empty());
+}
+
+TEST_F(RecordCycleTest, CancelBringsBackWhatWas) {
+  OpenCustomers();
+  EnterKey("100");
+  Enter(3, "Other");
+  Enter(4, "x");
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(BoxTexts(), Texts{"Entry must be numeric!"});  // a bad entry blocks this, too
+  EXPECT_EQ(State(), "346SCD");
+  EXPECT_TRUE(HasKeyboard(Text(4)));
+  TakeRequests();
+  Do([&] { Screen().mnuFileCancel.UserClick(); });
+  EXPECT_EQ(State(), "2OE");
+  EXPECT_EQ(TakeRequests(), Texts{"LOCK AR.X DATA 100 U"});
+  EXPECT_EQ(Text(3).Text(), "");
+  EXPECT_EQ(Session().EntryRecord, "");
+  EnterKey("100");
+  EXPECT_EQ(Text(3).Text(), "Acme");
+}
+
+TEST_F(RecordCycleTest, Deleting) {
+  OpenCustomers();
+  EnterKey("100");
+  Click(Screen().cmdDelete);
+  EXPECT_EQ(backend.messageBoxes,
+            (std::vector<MessageBoxRequest>{
+                {"An open balance still exists! Cannot Delete.", "Cannot Delete", 0}}));
+  EXPECT_EQ(State(), "346SCD");
+  Enter(4, "0");
+  Enter(3, "Acme");
+  backend.messageBoxes.clear();
+  backend.onMessageBox = [](const MessageBoxRequest&) { return MessageBoxAnswer::No; };
+  TakeRequests();
+  Click(Screen().cmdDelete);
+  EXPECT_EQ(backend.messageBoxes,
+            (std::vector<MessageBoxRequest>{
+                {"Are you sure you want to Delete this record?", "Delete Record?", 36}}));
+  EXPECT_TRUE(TakeRequests().empty());
+  backend.onMessageBox = nullptr;
+  Click(Screen().cmdDelete);
+  EXPECT_EQ(TakeRequests(), (Texts{"DELETE DATA 100 SYCRLOC", "LOCK AR.X DATA 100 U"}));
+  EXPECT_EQ(State(), "2OE");
+
+  EnterKey("100");  // a new one now: its balance does not count
+  Enter(3, "Acme");
+  Enter(4, "5");
+  TakeRequests();
+  Click(Screen().cmdDelete);
+  EXPECT_EQ(TakeRequests().front(), "DELETE DATA 100 SYCRLOC");
+}
+
+TEST_F(RecordCycleTest, SaveChecksEveryOpenField) {
+  OpenCustomers();
+  EnterKey("100");
+  Enter(4, "1");
+  Text(3).Text = "";  // as the host may do
+  TakeRequests();
+  Click(Screen().cmdSave);
+  EXPECT_EQ(BoxTexts(), Texts{"Entry is required!"});
+  EXPECT_EQ(Text(3).Text(), "Acme");
+  EXPECT_TRUE(HasKeyboard(Text(3)));
+  EXPECT_TRUE(TakeRequests().empty());
+  onRequest = [](const Texts& f) -> std::optional<std::string> {
+    if (f[0] != "WRITE") return std::nullopt;
+    return FrameOf({"~WRITERROR~", "Disk is full"});
+  };
+  Click(Screen().cmdSave);
+  EXPECT_EQ(BoxTexts().back(), "Disk is full");
+  EXPECT_EQ(State(), "2OE");  // a failed write is reported, and the round goes on
+}
+
+// --- hooks of the record
+
+TEST_F(RecordCycleTest, HooksInTheirOrder) {
+  OpenCustomers("CASE");
+  const auto hooks = [this] {
+    Texts seen;
+    for (const std::string& request : TakeRequests()) {
+      const std::string verb = request.substr(0, request.find(' '));
+      seen.push_back(verb == "HOOK" ? request.substr(5) : verb);
+    }
+    return seen;
+  };
+  EXPECT_TRUE(hooks().empty());
+  EnterKey("100");
+  EXPECT_EQ(hooks(), (Texts{"LOCK", "READ", "AfterRead 0"}));
+  Click(Screen().cmdSave);
+  EXPECT_EQ(hooks(), (Texts{"BeforeWrite 0", "WRITE", "AfterWrite 0", "LOCK"}));
+  EnterKey("200");
+  EXPECT_EQ(hooks(), (Texts{"LOCK", "READ", "NewItem 0"}));
+  Enter(3, "N");
+  Click(Screen().cmdDelete);
+  EXPECT_EQ(hooks(), (Texts{"BeforeDelete 0", "DELETE", "AfterDelete 0", "LOCK"}));
+  EnterKey("100");
+  hooks();
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(hooks(), (Texts{"BeforeExitWoSave 0", "ExitWoSave 0", "LOCK"}));
+}
+
+TEST_F(RecordCycleTest, WhatTheHostsAnswersDo) {
+  const struct {
+    std::string hook, word, data;
+    std::string key;
+    Button EntryControls::*click;
+    std::string state;  // at the end
+    std::string last;   // request
+  } cases[] = {
+      {"AfterRead", "", "Error", "100", nullptr, "2OE", "LOCK AR.X DATA 100 U"},
+      {"NewItem", "", "Error", "200", nullptr, "2OE", "LOCK AR.X DATA 200 U"},
+      {"BeforeWrite", "RETURN", "", "100", &EntryControls::cmdSave, "346SCD", "HOOK BeforeWrite 0"},
+      {"BeforeWrite", "", "Error", "100", &EntryControls::cmdSave, "2OE", "LOCK AR.X DATA 100 U"},
+      {"BeforeDelete", "", "Error", "100", &EntryControls::cmdDelete, "346SCD",
+       "HOOK BeforeDelete 0"},
+      {"BeforeExitWoSave", "", "Error", "100", &EntryControls::cmdCancel, "346SCD",
+       "HOOK BeforeExitWoSave 0"},
+      {"ExitWoSave", "", "Error", "100", &EntryControls::cmdCancel, "346SCD", "HOOK ExitWoSave 0"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.hook);
+    OpenCustomers("CASE");
+    onHook = [&](const Texts& f) {
+      return f[4] == c.hook ? HookReply(f, c.word, c.data) : HookReply(f, f[4], "");
+    };
+    EnterKey(c.key);
+    if (c.click) Click(Screen().*c.click);
+    EXPECT_EQ(State(), c.state);
+    const Texts requests = TakeRequests();
+    EXPECT_EQ(requests.empty() ? "" : requests.back(), c.last);
+    onHook = nullptr;
+    Screen().mnuFileExit.Enabled = true;
+    Screen().Unload();
+  }
+  EXPECT_TRUE(BoxTexts().empty());
+}
+
+// Hooks of fields are called only for the field that is being entered when Save is clicked.
+TEST_F(RecordCycleTest, SaveCallsHooksOfTheCurrentFieldOnly) {
+  Open({{1,
+         "2\xFD"
+         "3\xFD"
+         "4"},
+        {2, PlaceAt(1, 1, 8)},
+        {3, Stored(2, 1, 9, {{6, "A"}, {26, "NYY"}})},
+        {4, Stored(3, 2, 9, {{6, "B"}, {26, "NYY"}})}},
+       "CASE");
+  Put("DATA", "1",
+      "a\xFE"
+      "b");
+  EnterKey("1");
+  Enter(4, "x");
+  TakeRequests();
+  Click(Screen().cmdSave);
+  EXPECT_EQ(TakeRequests(),
+            (Texts{"HOOK ai_B 4", "HOOK as_B 4", "HOOK BeforeWrite 0",
+                   "WRITE DATA 1 a\xFEx SYCRLOC", "HOOK AfterWrite 0", "LOCK AR.X DATA 1 U"}));
+}
+
+// --- waits
+
+// While one click waits for the host, further ones do nothing; none is made up for later.
+TEST_F(RecordCycleTest, ClicksDuringAWait) {
+  OpenCustomers();
+  int waits = 0;
+  onRequest = [&](const Texts& f) -> std::optional<std::string> {
+    if (f[0] != "LOCK" && f[0] != "WRITE") return std::nullopt;
+    ++waits;
+    for (Button* button : {&Screen().cmdOK, &Screen().cmdSave, &Screen().cmdCancel,
+                           &Screen().cmdDelete, &Screen().cmdExit}) {
+      button->UserClick();
+    }
+    Screen().mnuFileSave.UserClick();
+    user.Press(KeyCode::Return);
+    return std::nullopt;
+  };
+  EnterKey("100");
+  EXPECT_EQ(State(), "346SCD");
+  Enter(3, "New name");
+  Click(Screen().cmdSave);
+  EXPECT_EQ(waits, 3);
+  EXPECT_TRUE(IsOpen());
+  EXPECT_EQ(files["DATA"]["100"].substr(0, 9), "New name\xFE");
+  EXPECT_EQ(TakeRequests(),
+            (Texts{"LOCK AR.X DATA 100 L", "READ DATA 100",
+                   "WRITE DATA 100 " + files["DATA"]["100"] + " SYCRLOC", "LOCK AR.X DATA 100 U"}));
+  EXPECT_TRUE(BoxTexts().empty());
+}
+
+// A combo box that is the key clears the whole screen when it is entered again; a text box does
+// not.
+TEST_F(RecordCycleTest, EnteringTheKeyAgain) {
+  Open({{1,
+         "2\xFD"
+         "3"},
+        {2, DefinitionOf({{1, PlaceAt(1, 1, 8)},
+                          {21,
+                           "1\xFC"
+                           "2"}})},
+        {3, Stored(2, 1, 9, {})}});
+  Put("DATA", "1", "a");
+  Do([&] { Combo(2).UserPick(0); });
+  Press(KeyCode::Return);
+  EXPECT_EQ(Text(3).Text(), "a");
+  Combo(2).Enabled = true;
+  TakeRequests();
+  Do([&] { Combo(2).UserFocus(); });
+  EXPECT_EQ(TakeRequests(), Texts{"LOCK AR.X DATA 1 U"});
+  EXPECT_EQ(Session().RecordKey, "");
+  EXPECT_EQ(Text(3).Text(), "");
+  Screen().mnuFileExit.Enabled = true;
+  Screen().Unload();
+
+  OpenCustomers();
+  EnterKey("100");
+  Text(2).Enabled = true;
+  Do([&] { Text(2).UserFocus(); });
+  EXPECT_EQ(TakeRequests().back(), "LOCK AR.X DATA 100 U");
+  EXPECT_EQ(Text(3).Text(), "Acme");
+}
+
 }  // namespace
 }  // namespace quorvel
