@@ -1,10 +1,13 @@
 // The terminal emulation beside libvterm: bytes of a host to an updated screen of 80 by 24, in
-// blocks of 16 KiB, 32 MiB a turn.
+// blocks of 16 KiB, 32 MiB a turn. And what a line of scroll-back costs in memory.
 
+#include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
-#include <map>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -15,6 +18,8 @@
 #include "platform/vt/Emulator.h"
 
 namespace {
+
+std::size_t allocated = 0;  // bytes asked for and not yet given back; see the operators below
 
 constexpr std::size_t kBlock = 16384;
 constexpr std::size_t kTurn = 32U << 20;
@@ -84,9 +89,44 @@ void Register() {
                                [](benchmark::State& state) { Copy(state, kLoads[0]); });
 }
 
+// Bytes beyond the text of an 80-column line in one attribute.
+double ScrollbackLine() {
+  constexpr int kLines = 32767;
+  const std::string line(kColumns, 'x');
+  quorvel::vt::Emulator emulator(kColumns, kRows);
+  emulator.SetScrollbackRows(kLines);
+  const std::size_t empty = allocated;
+  for (int i = 0; i < kLines + kRows; ++i) emulator.Feed("\x1B[7m" + line + "\r\n");
+  const std::size_t bytes = allocated - empty;
+  return static_cast<double>(bytes) / emulator.ScrollbackCount() - kColumns;
+}
+
 }  // namespace
+
+// Each allocation carries its size in front of it.
+void* operator new(std::size_t size) {
+  constexpr std::size_t kFront = alignof(std::max_align_t);
+  void* const memory = std::malloc(size + kFront);
+  if (memory == nullptr) throw std::bad_alloc();
+  std::memcpy(memory, &size, sizeof size);
+  allocated += size;
+  return static_cast<char*>(memory) + kFront;
+}
+void operator delete(void* memory) noexcept {
+  if (memory == nullptr) return;
+  void* const front = static_cast<char*>(memory) - alignof(std::max_align_t);
+  std::size_t size = 0;
+  std::memcpy(&size, front, sizeof size);
+  allocated -= size;
+  std::free(front);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  operator delete(memory);
+}
 
 int main(int argc, char** argv) {
   Register();
-  return quorvel::bench::Main(argc, argv);
+  const int status = quorvel::bench::Main(argc, argv);
+  std::printf("scrollback_line\t%.4g\tB\t\t\t\n", ScrollbackLine());
+  return status;
 }
