@@ -46,7 +46,7 @@ class ListsTest : public FarEndTest {
   // Deliver() of a list; what the client has sent when it has been answered.
   std::string Show(const Texts& fields, std::vector<Act> acts) {
     Script(std::move(acts));
-    const std::string sent = Deliver(FrameOf(fields));
+    std::string sent = Deliver(FrameOf(fields));
     ExpectDone();
     return sent;
   }
