@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "demohost/Format.h"
@@ -34,6 +35,10 @@ class Application {
   };
   std::vector<Who> WhoIsOn() const;
 
+  /// A picture that workstations can show; empty if none has been shipped with the data.
+  const std::string& PictureFile() const { return picture_; }
+  void SetPictureFile(std::string name) { picture_ = std::move(name); }
+
   /// "demo on port 3".
   std::string NameOf(int port) const;
 
@@ -46,6 +51,7 @@ class Application {
   Store store_;
   Locks locks_;
   Clock clock_;
+  std::string picture_;
   std::vector<HostSession*> sessions_;
 };
 

@@ -6,6 +6,7 @@
 #include "demohost/Application.h"
 #include "demohost/Frames.h"
 #include "demohost/Lists.h"
+#include "demohost/Marks.h"
 #include "demohost/Menus.h"
 #include "demohost/Record.h"
 #include "demohost/Requests.h"
@@ -17,6 +18,10 @@ namespace {
 constexpr int kLoginFailures = 3;
 // Boxes that one user has not closed yet; more broadcasts are kept from that user.
 constexpr std::size_t kBoxLimit = 20;
+// What the user may type ahead during a printout; the rest is lost.
+constexpr std::size_t kHeldLimit = 4096;
+// A piece of a printout, about: some thirty packets.
+constexpr std::size_t kPieceSize = 40'000;
 constexpr std::string_view kLoginPrompt = "login: ";
 constexpr std::string_view kPasswordPrompt = "Password: ";
 
@@ -46,11 +51,58 @@ std::string HostSession::Where() const {
 void HostSession::Receive(std::string_view bytes) {
   for (const char byte : bytes) {
     if (Ended()) return;
-    if (const auto data = telnet_.Feed(byte)) FeedData(*data);
+    if (const auto data = telnet_.Feed(byte)) Accept(*data);
+    if (telnet_.TakeTimingMark() && awaitingMark_) EndPrintout();
   }
   if (const auto answers = telnet_.TakeAnswers(); !answers.empty()) {
     writes_.push_back(answers);
     appendable_ = false;
+  }
+}
+
+// Nothing may be answered in the middle of a printout: an echo would stand in the report, and a
+// frame would end it.
+void HostSession::Accept(char byte) {
+  if (!printout_) return FeedData(byte);
+  if (held_.size() < kHeldLimit) held_ += byte;
+  // A client that answers no timing mark: its user's Enter does as well.
+  const bool typed = held_.find(kFrameMark) == std::string::npos;
+  if (awaitingMark_ && typed && byte == kCr) EndPrintout();
+}
+
+void HostSession::StartPrintout() {
+  if (!waiting_ || Ended()) return;
+  auto printout = std::exchange(waiting_, std::nullopt);
+  SendFrame(printout->opening);
+  if (printout->next) printout_ = std::move(printout);
+}
+
+// The closing frame waits for the client's word that it has the lines: text that the network joins
+// with the frame would not be in the report.
+void HostSession::PrintOn() {
+  if (!printout_ || awaitingMark_ || !writes_.empty()) return;
+  std::string piece;
+  bool more = true;
+  while (more && piece.size() < kPieceSize) more = printout_->next(piece);
+  appendable_ = false;
+  if (more) {
+    writes_.push_back(TelnetServer::Escape(piece));
+  } else if (printout_->joined) {
+    writes_.push_back(TelnetServer::Escape(piece + std::exchange(printout_->closing, {})));
+    EndPrintout();
+  } else {
+    writes_.push_back(TelnetServer::Escape(piece) + TelnetServer::TimingMark());
+    awaitingMark_ = true;
+  }
+}
+
+void HostSession::EndPrintout() {
+  const auto printout = std::exchange(printout_, std::nullopt);
+  awaitingMark_ = false;
+  if (!printout->closing.empty()) SendFrame(printout->closing);
+  for (const char byte : std::exchange(held_, {})) {
+    if (Ended()) return;
+    Accept(byte);
   }
 }
 
@@ -231,6 +283,7 @@ void HostSession::Run(const std::function<void(Program&)>& step) {
   if (finished_ && !Ended()) {
     EndProgram();
     SendMenu();
+    StartPrintout();
   }
 }
 
@@ -254,7 +307,7 @@ void HostSession::SendMenu() {
 
 bool HostSession::Notify(std::string_view title, std::string_view text) {
   if (phase_ == Phase::User || phase_ == Phase::Password || Ended()) return false;
-  if (boxes_.size() >= kBoxLimit) return false;
+  if (boxes_.size() >= kBoxLimit || printout_) return false;
   SendBox(Box::OutOfTurn, title, text);
   return true;
 }
@@ -312,14 +365,17 @@ void HostSession::SendFrame(const std::string& frame) {
   appendable_ = false;
 }
 
-std::vector<std::string> HostSession::TakeWrites() {
+std::vector<std::string> HostSession::TakeWrites(bool more) {
+  if (more) PrintOn();
   appendable_ = false;
   return std::exchange(writes_, {});
 }
 
 std::string HostSession::TakeOutput() {
   std::string output;
-  for (const auto& write : TakeWrites()) output += write;
+  for (auto writes = TakeWrites(); !writes.empty(); writes = TakeWrites()) {
+    for (const auto& write : writes) output += write;
+  }
   return output;
 }
 

@@ -10,6 +10,7 @@
 
 #include "demohost/CaseCall.h"
 #include "demohost/LineReader.h"
+#include "demohost/Printout.h"
 #include "demohost/Program.h"
 #include "demohost/TelnetServer.h"
 
@@ -30,9 +31,10 @@ class HostSession final : public Console {
   /// Bytes from the network, telnet commands included, cut anywhere.
   void Receive(std::string_view bytes);
   /// What is to be sent since the last call, each element in a write of its own: a frame stands
-  /// alone in its write. Other sessions can add to it too, so ask after each event of any session.
-  std::vector<std::string> TakeWrites();
-  /// The same in one text.
+  /// alone in its write. Other sessions can add to it too, so ask after each event of any session,
+  /// until nothing comes: a printout gives a piece each time. `more` false leaves it waiting.
+  std::vector<std::string> TakeWrites(bool more = true);
+  /// All of it in one text.
   std::string TakeOutput();
   /// True once the host drops the link, after what TakeWrites still gives.
   bool Ended() const { return phase_ == Phase::Ended; }
@@ -50,6 +52,7 @@ class HostSession final : public Console {
   void ShowBox(std::string_view title, std::string_view text) override;
   void AskPassword(std::string_view program) override;
   void ShowList(const PickList& list) override;
+  void Deliver(Printout printout) override { waiting_ = std::move(printout); }
   void Finish() override { finished_ = true; }
   bool RunOption(std::string_view id) override;
   void LogOff() override;
@@ -64,6 +67,10 @@ class HostSession final : public Console {
   enum class Box { OfProgram, OfRules, ThenMenu, OutOfTurn };
 
   void FeedData(char byte);
+  void Accept(char byte);
+  void StartPrintout();
+  void PrintOn();
+  void EndPrintout();
   void OnEvent(LineReader::Event event);
   void OnLine(const std::string& line);
   void OnRequest(const std::string& text);
@@ -102,6 +109,10 @@ class HostSession final : public Console {
   CaseMemory memory_;                 // of the business rules of the open screen
   int helpsOpen_ = 0;                 // help windows that still owe an empty line
   bool listOpen_ = false;             // a list of a screen still owes a line
+  std::optional<Printout> waiting_;   // delivered by the program that is ending
+  std::optional<Printout> printout_;  // on its way; what the user does meanwhile waits in held_
+  bool awaitingMark_ = false;         // its lines are sent, and the client has yet to say so
+  std::string held_;
   std::vector<std::string> writes_;
   bool appendable_ = false;  // the last write is plain text and may grow
 };

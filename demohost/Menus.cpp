@@ -33,6 +33,7 @@ constexpr Title kTitles[] = {
     {"IC.COUNT.MENU", "Stock Control"},
     {"SO.MENU", "Sales Orders"},
     {"RP.MENU", "All Reports"},
+    {"RP.WS.MENU", "Reports for the Workstation"},
     {"UT.MENU", "Utilities"},
 };
 
@@ -68,6 +69,7 @@ constexpr Line kLines[] = {
     {kMainMenu, "Orders", "Open Orders", "SO*OPEN"},
     {kMainMenu, "Orders", "Order Register", "SO*ORDERS"},
     {kMainMenu, "Reports", "All Reports Menu", "RP.MENU"},
+    {kMainMenu, "Reports", "Reports for the Workstation Menu", "RP.WS.MENU"},
     {kMainMenu, "Reports", "Customers over Credit Limit", "AR*OVERLIMIT"},
     {kMainMenu, "Reports", "Customer Contacts", "AR*CONTACTS"},
     {kMainMenu, "Reports", "Stock Valuation", "IC*STOCK"},
@@ -143,6 +145,17 @@ constexpr Line kLines[] = {
     {"RP.MENU", "Orders", "Shipped Orders", "SO*SHIPPED"},
     {"RP.MENU", "Orders", "Orders by Customer", "SO*BYCUST"},
     {"RP.MENU", "Orders", "Orders by Sales Rep", "SO*BYREP"},
+
+    {"RP.WS.MENU", "Captured", "Customer List", "RP*CUSTOMERS"},
+    {"RP.WS.MENU", "Captured", "Stock Count Sheets, 10,000 Lines", "RP*STOCKCOUNT"},
+    {"RP.WS.MENU", "Captured", "Ledger, 1,000,000 Lines", "RP*LEDGER"},
+    {"RP.WS.MENU", "Captured", "Balances, Printer Codes Stripped", "RP*BALANCES"},
+    {"RP.WS.MENU", "Captured", "Price List, to a Program", "RP*PRICES"},
+    {"RP.WS.MENU", "Captured", "Reminder, by Fax", "RP*REMINDER"},
+    {"RP.WS.MENU", "Captured", "Vendors, Ended in the Last Block", "RP*VENDORS"},
+    {"RP.WS.MENU", "Workstation", "Customer Labels on Its Printer", "RP.LABELS"},
+    {"RP.WS.MENU", "Workstation", "Show a Picture", "UT.PICTURE"},
+    {"RP.WS.MENU", "Workstation", "Start a Program", "UT.DESKTOP"},
 
     {"UT.MENU", "System", "Who Is Logged On", "UT.WHO"},
     {"UT.MENU", "System", "Record Locks", "UT.LOCKS"},

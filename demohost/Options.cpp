@@ -6,6 +6,7 @@
 #include "demohost/Inquiry.h"
 #include "demohost/Orders.h"
 #include "demohost/Pager.h"
+#include "demohost/Printout.h"
 #include "demohost/Program.h"
 #include "demohost/Reports.h"
 #include "demohost/Utilities.h"
@@ -44,6 +45,7 @@ std::optional<Option> FindOption(std::string_view id) {
                     return MakeListing([report](Console& c) { return Run(*report, c); });
                   }};
   }
+  if (auto option = FindWorkstationOption(id)) return option;
   // Inquiries and changes have tables of their own.
   const std::string name(id);
   if (MakeInquiry(id)) return Option{name, kTerminal, [name] { return MakeInquiry(name); }};

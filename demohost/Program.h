@@ -11,6 +11,7 @@ namespace quorvel::demohost {
 
 class Application;
 struct PickList;
+struct Printout;
 
 /// What a program can do with its session.
 class Console {
@@ -26,6 +27,10 @@ class Console {
   virtual void AskPassword(std::string_view program) = 0;
   /// A list to pick from; the program's next line is the choice, empty if there was none.
   virtual void ShowList(const PickList& list) = 0;
+
+  /// Output for the workstation. It goes out when the program has ended and the menu has been sent,
+  /// since nothing may come between its lines.
+  virtual void Deliver(Printout printout) = 0;
 
   /// Ends the program; the menu follows.
   virtual void Finish() = 0;

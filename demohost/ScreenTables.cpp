@@ -24,7 +24,7 @@ Screen Customers() {
       .texts = {{1, 1, "Customers", false}, {2, 1, "==========", false}, {3, kLeft, "Customer"},
                 {5, kLeft, "Name"}, {6, kLeft, "Street"}, {7, kLeft, "City"}, {8, kLeft, "Zip"},
                 {9, kLeft, "Telephone"}, {10, kLeft, "E-mail"}, {11, kLeft, "Sales rep"},
-                {12, kLeft, "Account"}, {14, kLeft, "Contacts"}, {5, kRight, "Class"},
+                {12, kLeft, "Account"}, {15, kLeft, "Contacts"}, {5, kRight, "Class"},
                 {6, kRight, "Terms"}, {7, kRight, "Discount %"}, {8, kRight, "Limit"},
                 {9, kRight, "Balance"}, {10, kRight, "Credit"}, {11, kRight, "Since"},
                 {12, kRight, "Reviewed"}, {13, kRight, "Last order"}},
@@ -50,7 +50,7 @@ Screen Customers() {
      .kind = '4'},
     {.number = f::Account, .name = "CUST.ACCOUNT", .row = 12, .column = kLeftField, .width = 6,
      .attribute = a::Account},
-    {.number = f::Contacts, .name = "CUST.CONTACTS", .row = 14, .column = kLeftField, .width = 99,
+    {.number = f::Contacts, .name = "CUST.CONTACTS", .row = 15, .column = kLeftField, .width = 99,
      .shown = 50, .attribute = a::Contacts, .value = "*", .hooks = "NYNY"},
     {.number = f::Class, .name = "CUST.CLASS", .row = 5, .column = kRightField, .width = 3,
      .attribute = a::Class, .hooks = "NNY"},
@@ -177,7 +177,7 @@ void AddOrderLines(Screen& screen) {
   static constexpr const char* kValues[f::kLines] = {"1", "2", "3", "4", "5"};
   for (int line = 0; line < f::kLines; ++line) {
     const int first = f::FirstLine + line * f::LineFields;
-    const int row = 10 + line;
+    const int row = 11 + line;
     const char* value = kValues[static_cast<std::size_t>(line)];
     const std::vector<ScreenField> fields{
     {.number = first + f::LineItem, .name = "LINE.ITEM", .row = row, .column = 4, .width = 6,
@@ -209,7 +209,7 @@ Screen Orders() {
                 {6, kLeft, "Their number"}, {7, kLeft, "Sales rep"}, {5, kRight + 4, "Date"},
                 {6, kRight + 4, "Ship by"}, {7, kRight + 4, "Status"}, {9, 4, "Item", false},
                 {9, 12, "Description", false}, {9, 39, "Quantity", false}, {9, 49, "Price", false},
-                {9, 60, "Amount", false}, {16, 48, "Order total", false}, {17, kLeft, "Remark"}},
+                {9, 60, "Amount", false}, {17, 48, "Order total", false}, {19, kLeft, "Remark"}},
       .fields = {
     {.number = f::Key, .name = "ORDER.NO", .row = 3, .column = kLeftField, .width = 6,
      .required = true, .display = f::Note, .hooks = "NYY"},
@@ -235,9 +235,9 @@ Screen Orders() {
       }};
   AddOrderLines(screen);
   screen.fields.insert(screen.fields.end(), {
-    {.number = f::Total, .name = "ORDER.TOTAL", .row = 16, .column = kRightField, .width = 11,
+    {.number = f::Total, .name = "ORDER.TOTAL", .row = 17, .column = kRightField, .width = 11,
      .kind = '4'},
-    {.number = f::Remark, .name = "ORDER.REMARK", .row = 17, .column = kLeftField, .width = 99,
+    {.number = f::Remark, .name = "ORDER.REMARK", .row = 19, .column = kLeftField, .width = 99,
      .shown = 45, .attribute = a::Remark},
   });
   return screen;

@@ -218,7 +218,7 @@ void SeedCustomers(Store& store, long long today) {
         "CUSTOMERS", c.key,
         Join({c.name, c.street, c.city, c.zip, c.phone, c.terms, c.limit, c.balance, c.rep,
               Join(Split(c.contacts, '|'), kVm), std::to_string(today - 400 - n * 97),
-              std::to_string(today - 20 - n * 11), "", std::to_string(1200 + n * 10),
+              std::to_string(today - 20 - n * 11), "", "00" + std::to_string(1200 + n * 10),
               "accounts@" + FirstWord(c.name) + ".example", kClasses[kind], kDiscounts[kind]},
              kAm));
     ++n;
@@ -246,6 +246,7 @@ void SeedAgreements(Store& store, long long today) {
 void SeedParameters(Store& store) {
   for (const auto& row : kChoices)
     store.Write("PARM", row.key, Join(Split(row.attributes, '|'), kVm));
+  store.Write("PARM", "WORKSTATION", Join({"notepad.exe @", "calc.exe"}, kAm));
   std::string prompts = "Texts of the screens";
   SetAttribute(prompts, 6, Join({"", "", "(not on file)"}, kVm));
   store.Write("PARM", "PROMPTS", prompts);

@@ -75,6 +75,7 @@ void SocketServer::Serve(QTcpSocket* socket) {
     session.Receive({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     FlushAll();
   }
+  Flush(**link);  // a printout goes on when there is room
 }
 
 // One event of one session can print in all of them.
@@ -84,9 +85,14 @@ void SocketServer::FlushAll() {
 
 void SocketServer::Flush(Link& link) {
   if (link.closing) return;
-  for (const auto& bytes : link.session->TakeWrites()) {
-    link.socket->write(bytes.data(), static_cast<qint64>(bytes.size()));
-    link.socket->flush();  // each part in a write of its own
+  for (;;) {
+    const bool room = link.socket->bytesToWrite() < kWaitAbove;
+    const auto writes = link.session->TakeWrites(room);
+    for (const auto& bytes : writes) {
+      link.socket->write(bytes.data(), static_cast<qint64>(bytes.size()));
+      link.socket->flush();  // each part in a write of its own
+    }
+    if (writes.empty() || !room) break;
   }
   if (link.session->Ended()) {
     link.closing = true;

@@ -8,7 +8,7 @@ namespace quorvel::demohost {
 namespace {
 
 enum Command { kSe = 240, kSb = 250, kWill = 251, kWont = 252, kDo = 253, kDont = 254, kIac = 255 };
-enum Option { kEcho = 1, kSuppressGoAhead = 3, kType = 24, kWindowSize = 31 };
+enum Option { kEcho = 1, kSuppressGoAhead = 3, kType = 24, kWindowSize = 31, kTimingMark = 6 };
 
 // The longest sub-negotiation that says anything to this host is a terminal type; RFC 1091 names
 // have at most 40 characters.
@@ -72,6 +72,10 @@ std::optional<char> TelnetServer::Feed(char byte) {
   return std::nullopt;
 }
 
+std::string TelnetServer::TimingMark() {
+  return Bytes({kIac, kDo, kTimingMark});
+}
+
 std::string TelnetServer::TakeAnswers() {
   return std::exchange(answers_, {});
 }
@@ -79,6 +83,10 @@ std::string TelnetServer::TakeAnswers() {
 // What the host asked or offered itself needs no answer; all else is refused. The two questions
 // are put once, so that a client which repeats itself gets no endless conversation.
 void TelnetServer::Negotiate(int command, int option) {
+  if (option == kTimingMark && (command == kWill || command == kWont)) {
+    markSeen_ = true;
+    return;
+  }
   const bool offered = option == kEcho || option == kSuppressGoAhead;
   const bool asked = option == kType || option == kWindowSize;
   if (command == kDo && !offered) answers_ += Bytes({kIac, kWont, option});

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace quorvel::demohost {
 
@@ -17,6 +18,12 @@ class TelnetServer {
   /// Answers to commands are kept for TakeAnswers.
   std::optional<char> Feed(char byte);
   std::string TakeAnswers();
+
+  /// Asks the client to say when it has read all that was sent before (RFC 860). It answers even if
+  /// it doesn't know the option, with a refusal.
+  static std::string TimingMark();
+  /// True once for each answer to that.
+  bool TakeTimingMark() { return std::exchange(markSeen_, false); }
 
   /// Data for the network: the byte 255 doubled.
   static std::string Escape(std::string_view data);
@@ -41,6 +48,7 @@ class TelnetServer {
   std::string sub_;
   std::string answers_;
   bool echo_ = true;
+  bool markSeen_ = false;
   bool askedType_ = false;
   bool askedSize_ = false;
   std::string terminalType_;

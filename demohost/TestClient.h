@@ -39,10 +39,12 @@ class TestClient {
   }
   /// Picks up what other sessions have caused.
   TestClient& Collect() {
-    for (auto& write : session_.TakeWrites()) {
-      const bool frame = write.front() == kFrameMark;
-      (frame ? frames_ : texts_).push_back(write);
-      writes_.push_back(std::move(write));
+    for (auto writes = session_.TakeWrites(); !writes.empty(); writes = session_.TakeWrites()) {
+      for (auto& write : writes) {
+        const bool frame = write.front() == kFrameMark;
+        (frame ? frames_ : texts_).push_back(write);
+        writes_.push_back(std::move(write));
+      }
     }
     return *this;
   }

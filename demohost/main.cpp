@@ -11,6 +11,7 @@
 #include <iostream>
 
 #include "demohost/Arguments.h"
+#include "demohost/Picture.h"
 #include "demohost/SocketServer.h"
 
 namespace {
@@ -49,8 +50,22 @@ DateTime Now() {
           now.time().hour(), now.time().minute(), now.time().second()};
 }
 
+// The sample's picture, beside the data file; where that can't be, there is none to show.
+void ShipPicture(Application& application, const std::string& dataFile) {
+  const auto folder = dataFile == ":memory:"
+                          ? QDir::tempPath()
+                          : QFileInfo(QString::fromStdString(dataFile)).absolutePath();
+  QFile file(folder + "/quorvel-sales.bmp");
+  const auto picture = SalesChart();
+  if (!file.open(QFile::WriteOnly)) return;
+  if (file.write(picture.data(), static_cast<qint64>(picture.size())) > 0)
+    application.SetPictureFile(QDir::toNativeSeparators(file.fileName()).toStdString());
+}
+
 int Serve(QCoreApplication& program, const Arguments& arguments) {
-  Application application(DataFile(arguments), Now, arguments.reset);
+  const auto dataFile = DataFile(arguments);
+  Application application(dataFile, Now, arguments.reset);
+  ShipPicture(application, dataFile);
 
   SocketServer server(application);
   if (!server.Listen(arguments.port)) {
