@@ -52,8 +52,13 @@ void FieldKeys::EnterText(int number) {
     s.FieldOldValue = StoredValue(number);
     return;
   }
+  // Typing replaces what stands there. Ahead of any wait: what is typed in it is not selected.
+  box->SelectAll();
   if (!Arrive(field, *box)) return;
-  if (s.FieldOldValue.empty() && !field.defaultValue.empty()) box->Text = ShownDefault(field);
+  if (s.FieldOldValue.empty() && !field.defaultValue.empty()) {
+    box->Text = ShownDefault(field);
+    box->SelectAll();
+  }
   if (number == s.FirstField) ReleaseRecord(false);
 }
 

@@ -69,6 +69,12 @@ int GridInset(const Control& control) {
   return control.Look().onGrid ? control.Height() / kShare : 0;
 }
 
+int GridTop(const Control& control) {
+  constexpr double kShare = 255.0 / 260;  // a row of boxes to a row of text, in twips
+  const bool line = control.Look().onGrid && control.kind() == ControlKind::Label;
+  return line ? qRound(control.Top() * kShare) : control.Top();
+}
+
 void GridLineEdit::SetLook(const Look& look) {
   if (look == look_) return;
   look_ = look;

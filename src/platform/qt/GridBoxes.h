@@ -40,4 +40,8 @@ class GridComboBox : public QComboBox {
 // begin there.
 int GridInset(const Control& control);
 
+// Where a control is drawn, in twips. Lines of text are placed on rows a little farther apart than
+// those of the boxes; on the grid they are drawn on the line of the boxes they belong to.
+int GridTop(const Control& control);
+
 }  // namespace quorvel

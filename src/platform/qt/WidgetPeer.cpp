@@ -134,7 +134,7 @@ void WidgetPeer::Update(Prop prop) {
 void WidgetPeer::Place() {
   if (IsLaidOut(control_) || IsPlacedByShell(control_)) return;
   const int inset = GridInset(control_);
-  widget_->setGeometry(ToPixels(control_.Left()), ToPixels(control_.Top()) + ToPixels(inset),
+  widget_->setGeometry(ToPixels(control_.Left()), ToPixels(GridTop(control_)) + ToPixels(inset),
                        ToPixels(control_.Width()), ToPixels(control_.Height() - 2 * inset));
 }
 
