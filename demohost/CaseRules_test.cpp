@@ -307,6 +307,31 @@ TEST_F(RulesTest, ASecondSessionSeesTheLock) {
   EXPECT_EQ(sales.data, "");
 }
 
+// Whatever a client sends, the answer is one reply; the sanitizers watch.
+TEST_F(RulesTest, AnyCallIsAnswered) {
+  Texts hooks{"AfterRead",    "NewItem",     "BeforeWrite",      "AfterWrite",
+              "BeforeDelete", "AfterDelete", "BeforeExitWoSave", "ExitWoSave"};
+  for (const auto& field : FieldEntries()) {
+    for (const auto* prefix : {"bi_", "ai_", "as_", "bo_"})
+      hooks.push_back(prefix + string(field.name));
+  }
+  const Texts records{"", string(200, '\xFE'),
+                      "a\xFE" + string(300, '\xFD') + "\xFE-99999999999999"};
+  auto& client = demo_.Client();
+  for (const auto* program : {"CUSTOMER.RULES", "ITEM.RULES", "PRICE.RULES", "ORDER.RULES"}) {
+    for (std::size_t i = 0; i < hooks.size(); ++i) {
+      const auto& record = records[i % records.size()];
+      const auto* field = i % 4 == 0 ? "-5" : i % 4 == 1 ? "0" : i % 4 == 2 ? "80" : "99999";
+      for (const auto* data : {"", "NEW", "-1", "COD"}) {
+        client.Forget().Request({"CASELOGIC", "S", field, program, hooks[i], record, record, data});
+        for (int n = 0; n < 3 && !client.LastFrame().starts_with("\x7F~CASELOGIC~"); ++n)
+          client.Type("");
+        EXPECT_TRUE(client.LastFrame().starts_with("\x7F~CASELOGIC~")) << program << hooks[i];
+      }
+    }
+  }
+}
+
 // A box of a rule holds the reply back; a client that calls again before its return gets all.
 TEST_F(RulesTest, TheReplyWaitsForTheBox) {
   auto& client = demo_.Client();

@@ -1,4 +1,5 @@
 // The business rules of the order screen. CaseRules.cpp tells what a rule can do.
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +22,9 @@ using std::string;
 constexpr std::string_view kShipped = "SHIPPED";
 constexpr std::string_view kCancelled = "CANCELLED";
 
+// A client may name any field.
 int LineOf(int field) {
-  return (field - FirstLine) / LineFields;
+  return std::clamp((field - FirstLine) / LineFields, 0, kLines - 1);
 }
 
 int FieldOf(int line, int part) {

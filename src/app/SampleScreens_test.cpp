@@ -1,6 +1,9 @@
 // The screens of the sample host in the client, joined in one process: keys, hooks, lookups, lists,
 // saving, deleting, locks.
 
+#include <algorithm>
+#include <iterator>
+
 #include <gtest/gtest.h>
 
 #include "app/SessionTest.h"
@@ -242,6 +245,20 @@ TEST_F(SampleScreens, AListFillsTheField) {
   EXPECT_TRUE(picked);
   EXPECT_EQ(Text(City), "Kelham");
   EXPECT_EQ(Boxes(), Texts{});
+}
+
+// The host asks the client whether it has the lines before it ends the report.
+TEST_F(SampleScreens, ACapturedReportIsWhole) {
+  Do([&] {
+    user.Click(Form<frmSubMenu>().cboExecute);
+    user.Type("RP*STOCKCOUNT\r");
+  });
+  std::ifstream file(Session().CaptureFile, std::ios::binary);
+  const std::string text(std::istreambuf_iterator<char>(file), {});
+  EXPECT_TRUE(text.starts_with("Stock count sheets   page 1\r\n"));
+  EXPECT_TRUE(text.ends_with("Counted: ________\r\n"));
+  EXPECT_EQ(std::count(text.begin(), text.end(), '_'), 10'000 * 8);
+  EXPECT_EQ(Session().PendingOp, "");
 }
 
 }  // namespace
