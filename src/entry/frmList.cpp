@@ -17,7 +17,7 @@ namespace quorvel {
 namespace {
 
 // Size of a list that the host gives no place for, in twips.
-constexpr int kWidth = 7500;
+constexpr int kWidth = 8400;
 constexpr int kHeight = 5400;
 
 // Where the first row of the main window's inside begins below its top: title and menu bar.

@@ -211,6 +211,14 @@ class RowsPeer : public ListPeer {
     }
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
+    // With the keyboard the toolkit makes the first row its current one, and draws it much like a
+    // selected one.
+    if (event->type() == QEvent::FocusIn) {
+      QTimer::singleShot(0, this, [this] {
+        const Mirror mirror(*this);
+        if (doings_.selected() < 0) Own()->selectionModel()->clearCurrentIndex();
+      });
+    }
     if (event->type() == QEvent::KeyPress) {
       RefreshNow();
       const int key = static_cast<QKeyEvent*>(event)->key();
