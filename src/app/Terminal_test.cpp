@@ -60,6 +60,8 @@ TEST_F(TerminalTest, SettingsReachTheTerminal) {
   EXPECT_EQ(terminal.Rows(), 30);
   EXPECT_EQ(terminal.ScreenLines().size(), 30u);
   EXPECT_EQ(terminal.BufferRows(), 70);
+  for (int line = 0; line < 200; ++line) Window().VT2201.Write("\r\n");
+  EXPECT_EQ(terminal.emulation().ScrollbackCount(), 70);
   EXPECT_EQ(terminal.KeyPad(), 1);
   EXPECT_EQ(terminal.CursorKeys(), 1);
   EXPECT_FALSE(terminal.PassThrough());
@@ -135,6 +137,7 @@ TEST_F(TerminalTest, KeysAndPasteGoOutAsTheyAre) {
   EXPECT_EQ(Type("\x16"), "one\r\ntwo\xFF\xFF");  // IAC is doubled
   EXPECT_EQ(Click(&frmTelnet::mnuEPaste), "one\r\ntwo\xFF\xFF");
   EXPECT_FALSE(ScreenShows("one"));
+  EXPECT_EQ(Do([this] { Window().VT2201.UserPaste("\x03 and\r\n\x16"); }), "\x03 and\r\n\x16");
   EXPECT_EQ(Do([this] { Window().VT2201.UserKey(vt::Key::Up, {}); }), "\x1B[A");
   EXPECT_EQ(Deliver("\x1B[6n"), "\x1B[1;1R");  // the terminal's own answer
   Session().LocalEcho = 1;

@@ -37,6 +37,7 @@ frmTelnet::frmTelnet() : Window(Kind::Child, "frmTelnet") {
   TELNET1.OptionEvent = [this](int command, int option) { TELNET1_Option(command, option); };
   VT2201.KeyboardData = [this](const std::string& text) { VT2201_KeyboardData(text); };
   VT2201.Answer = [this](const std::string& text) { VT2201_Answer(text); };
+  VT2201.Paste = [](const std::string& text) { SendToHost(text); };
   VT2201.SelectionChange = [this] { VT2201_SelectionChange(); };
   VT2201.Click = [this] { VT2201.SetFocus(); };
 }

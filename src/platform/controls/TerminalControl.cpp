@@ -90,6 +90,13 @@ void Terminal::UserText(const std::string& bytes) {
   });
 }
 
+void Terminal::UserPaste(const std::string& bytes) {
+  if (!window().TakesInput() || !Reachable() || bytes.empty()) return;
+  window().AsUserEvent([this, bytes] {
+    if (Paste) Paste(bytes);
+  });
+}
+
 void Terminal::UserKey(vt::Key key, vt::Modifiers modifiers) {
   UserText(emulation_.Encode(key, modifiers));
 }

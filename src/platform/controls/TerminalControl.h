@@ -20,7 +20,7 @@ class Terminal : public Control {
   Property<int> TermType{*this, Prop::TermType, 4};   // index of vt::TerminalType
   Property<int> Columns{*this, Prop::ScreenSize, 0};  // 0: 80, 1: 132
   Property<int> Rows{*this, Prop::ScreenSize, 24};
-  Property<int> BufferRows{*this, Prop::ScreenSize, 500};  // of scroll-back
+  Property<int> BufferRows{*this, Prop::BufferRows, 500};  // of scroll-back
   Property<int> KeyPad{*this, Prop::KeyPad, 0};            // 0 numeric, 1 application
   Property<int> CursorKeys{*this, Prop::CursorKeys, 0};    // 0 normal, 1 application
   Property<int> BoldColor{*this, Prop::ForeColor, 0xFFFF00};
@@ -48,11 +48,13 @@ class Terminal : public Control {
   // --- events
   std::function<void(const std::string&)> KeyboardData;  // text of a key that is to go out
   std::function<void(const std::string&)> Answer;        // what the terminal itself answers
+  std::function<void(const std::string&)> Paste;         // text dropped in by the pointer alone
   Event SelectionChange;
 
   // --- what the user did
   void UserText(const std::string& bytes);
   void UserKey(vt::Key key, vt::Modifiers modifiers);
+  void UserPaste(const std::string& bytes);
   void UserSelect(Selection selection);
 
   vt::Emulator& emulation() { return emulation_; }

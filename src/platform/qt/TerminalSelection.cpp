@@ -5,6 +5,9 @@
 namespace quorvel {
 
 bool TerminalSelection::Contains(int line, int column) const {
+  if (unit_ == Unit::Rectangle) {
+    return line >= from_.line && line <= to_.line && column >= from_.column && column < to_.column;
+  }
   const Place cell{line, column};
   return cell >= from_ && cell < to_;
 }
@@ -17,6 +20,11 @@ void TerminalSelection::Begin(Place place, Unit unit) {
 
 void TerminalSelection::Extend(Place place) {
   if (!anchor_) return;
+  if (unit_ == Unit::Rectangle) {
+    from_ = {std::min(anchor_->line, place.line), std::min(anchor_->column, place.column)};
+    to_ = {std::max(anchor_->line, place.line), std::max(anchor_->column, place.column)};
+    return;
+  }
   from_ = UnitStart(std::min(*anchor_, place));
   to_ = UnitEnd(std::max(*anchor_, place));
 }
@@ -64,7 +72,13 @@ std::string TerminalSelection::Lines() const {
   std::string text;
   for (int line = from_.line; line <= to_.line; ++line) {
     if (line > from_.line) text += "\r\n";
-    text += emulation_.LineText(line);
+    const std::string whole = emulation_.LineText(line);
+    if (unit_ == Unit::Rectangle) {
+      const auto left = std::min(static_cast<std::size_t>(from_.column), whole.size());
+      text += whole.substr(left, static_cast<std::size_t>(to_.column - from_.column));
+    } else {
+      text += whole;
+    }
   }
   return text;
 }
@@ -81,6 +95,7 @@ Terminal::Selection TerminalSelection::Report() {
   constexpr int kLineEnd = 2;  // CR LF
   const int whole = emulation_.screen().Columns() + kLineEnd;
   reported_ = Lines();
+  if (unit_ == Unit::Rectangle) return {1, static_cast<int>(reported_.size()), reported_};
   return {from_.column + 1, (to_.line - from_.line) * whole + to_.column - from_.column, reported_};
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
@@ -284,7 +285,24 @@ void TerminalWidget::PaintRow(QPainter& painter, const TerminalColours& colours,
   blinking_.set(static_cast<std::size_t>(row), blinks);
   if (row == CursorRow()) {
     rowPainter.PaintCursor(corner, line, Screen().CursorColumn(), ShapeOfCursor());
+    PaintComposed(painter, colours);
   }
+}
+
+// What a dead key or an input method has so far, underlined at the cursor.
+void TerminalWidget::PaintComposed(QPainter& painter, const TerminalColours& colours) {
+  if (composed_.isEmpty()) return;
+  vt::Line line;
+  vt::Attributes underlined;
+  underlined.Set(vt::Attributes::kUnderline, true);
+  for (const QChar character : composed_) line.cells.push_back({character.unicode(), underlined});
+  const QRect cursor = CellRect(CursorRow(), Screen().CursorColumn());
+  const auto count = static_cast<int>(line.cells.size());
+  painter.fillRect(QRect(cursor.topLeft(), QSize(count * font_.CellWidth(), cursor.height())),
+                   colours.Back());
+  TerminalPainter(painter, colours, font_, false).PaintLine(cursor.topLeft(), line, [](int) {
+    return false;
+  });
 }
 
 void TerminalWidget::timerEvent(QTimerEvent* event) {
@@ -340,6 +358,8 @@ void TerminalWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 void TerminalWidget::inputMethodEvent(QInputMethodEvent* event) {
+  composed_ = event->preeditString();
+  UpdateRow(CursorRow());
   const std::string text = ToTypedBytes(event->commitString());
   if (!text.empty()) terminal_.UserText(text);
   event->accept();
@@ -365,13 +385,20 @@ void TerminalWidget::ShowSelection() {
 }
 
 void TerminalWidget::ReportSelection() {
-  terminal_.UserSelect(selection_.Report());
+  const Terminal::Selection selected = selection_.Report();
+  QClipboard* const clipboard = QGuiApplication::clipboard();
+  if (clipboard->supportsSelection() && selected.length > 0) {
+    const auto start = static_cast<std::size_t>(selected.start - 1);
+    const auto length = static_cast<std::size_t>(selected.length);
+    clipboard->setText(ToUnicode(selected.text.substr(start, length)), QClipboard::Selection);
+  }
+  terminal_.UserSelect(selected);
 }
 
 void TerminalWidget::StartSelection(const QPoint& point, Unit unit) {
   const QPoint cell = CellAt(point);
   selecting_ = true;
-  if (unit == Unit::Character) {
+  if (unit == Unit::Character || unit == Unit::Rectangle) {
     selection_.Begin(PlaceAt(point), unit);
   } else {
     selection_.Begin({FirstLine() + cell.y(), cell.x()}, unit);
@@ -379,7 +406,16 @@ void TerminalWidget::StartSelection(const QPoint& point, Unit unit) {
   update();
 }
 
+// What was selected last in any window of an X11 desktop.
+void TerminalWidget::PastePrimarySelection() {
+  const QClipboard* const clipboard = QGuiApplication::clipboard();
+  if (!clipboard->supportsSelection()) return;
+  ScrollTo(terminal_.emulation().ScrollbackCount());
+  terminal_.UserPaste(ToTypedBytes(clipboard->text(QClipboard::Selection)));
+}
+
 void TerminalWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::MiddleButton) return PastePrimarySelection();
   if (event->button() != Qt::LeftButton) return;
   const QPointer<TerminalWidget> self(this);
   terminal_.UserClick();
@@ -395,7 +431,8 @@ void TerminalWidget::mousePressEvent(QMouseEvent* event) {
     selection_.Extend(PlaceAt(pointer_));
     update();
   } else {
-    StartSelection(pointer_, Unit::Character);
+    const bool alt = (event->modifiers() & Qt::AltModifier) != 0;
+    StartSelection(pointer_, alt ? Unit::Rectangle : Unit::Character);
   }
 }
 

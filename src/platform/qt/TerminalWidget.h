@@ -66,9 +66,11 @@ class TerminalWidget : public QWidget {
   void TellAssistiveTools();
   void UpdateRow(int row);
   void PaintRow(QPainter& painter, const TerminalColours& colours, int row);
+  void PaintComposed(QPainter& painter, const TerminalColours& colours);
   TerminalSelection::Place PlaceAt(const QPoint& point) const;
   void StartSelection(const QPoint& point, TerminalSelection::Unit unit);
   void ShowSelection();
+  void PastePrimarySelection();
 
   Terminal& terminal_;
   QScrollBar bar_;
@@ -88,6 +90,7 @@ class TerminalWidget : public QWidget {
   bool selecting_ = false;
   int wheel_ = 0;  // turned, not yet a whole step
   QPoint pointer_;
+  QString composed_;  // by the input method, not yet typed
   QPoint lastDoubleClick_;
   qint64 lastDoubleClickTime_ = 0;
 };

@@ -59,10 +59,14 @@ constexpr ModeRow kPrivateModes[] = {
     {25, "DECTCEM", [](Machine& m, bool on) { m.screen.cursorVisible = on; }},
 };
 
+// A mode that is named twice is changed once: DECCOLM clears the screen, and one sequence may not
+// cost more than that.
 template <std::size_t kRows>
 void Change(Machine& m, Arguments a, const ModeRow (&rows)[kRows], bool on) {
-  for (std::size_t i = 0; i < a.count; ++i) {
-    const auto* const row = std::ranges::find(rows, a.parameters[i], &ModeRow::number);
+  const auto first = a.parameters.begin();
+  for (auto at = first; at != first + static_cast<std::ptrdiff_t>(a.count); ++at) {
+    if (std::find(first, at, *at) != at) continue;
+    const auto* const row = std::ranges::find(rows, *at, &ModeRow::number);
     if (row != std::end(rows)) row->handler(m, on);
   }
 }

@@ -24,6 +24,16 @@ TEST(Modes, ScreenModes) {
   EXPECT_FALSE(terminal.screen().ReverseScreen());
 }
 
+// One sequence must not cost more than a screenful: DECCOLM clears the screen, so it is worked off
+// once however often it is named, and a mode behind it still counts.
+TEST(Modes, NamedTwiceIsChangedOnce) {
+  Emulator terminal;
+  terminal.SetScrollbackRows(100);
+  terminal.Feed("text\x1B[?3;3;3;25l");
+  EXPECT_EQ(terminal.LineText(0), std::string(80, ' '));
+  EXPECT_FALSE(terminal.screen().CursorVisible());
+}
+
 TEST(Modes, KeyboardModes) {
   Emulator terminal;
   EXPECT_FALSE(terminal.LocalEcho());
