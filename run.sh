@@ -61,7 +61,10 @@ Caption=Quorvel GUI
 INF
 
 if [ -n "$tour" ]; then
-  QT_QPA_PLATFORM=offscreen build/release/src/app/quorvel-tour "$tour" "$work/sample.inf"
+  # A screen as operators have it: the platform's own is 800 pixels wide, less than the main window.
+  echo '{"screens": [{"name": "tour", "x": 0, "y": 0, "width": 1920, "height": 1080,
+    "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}' >"$work/screen.json"
+  QT_QPA_PLATFORM="offscreen:configfile=$work/screen.json" build/release/src/app/quorvel-tour "$tour" "$work/sample.inf"
 else
   build/release/src/app/quorvel "$work/sample.inf"
 fi

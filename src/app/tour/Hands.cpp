@@ -49,6 +49,11 @@ void Hands::Click(Control& control) const {
   QTest::mouseClick(backend_.WidgetOf(control), Qt::LeftButton);
 }
 
+// With the event that the window system sends behind the press of that button.
+void Hands::RightClick(Control& control) const {
+  QTest::mouseClick(backend_.WidgetOf(control), Qt::RightButton);
+}
+
 void Hands::Key(int key, Qt::KeyboardModifiers modifiers) const {
   if (QWidget* target = KeyTarget()) QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
 }

@@ -31,6 +31,7 @@ class Hands {
   explicit Hands(QtBackend& backend) : backend_(backend) {}
 
   void Click(Control& control) const;
+  void RightClick(Control& control) const;
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
   // Latin-1 text into what has the keyboard; CR is Enter.
   void Type(const char* text) const;

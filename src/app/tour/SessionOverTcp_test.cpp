@@ -1,5 +1,6 @@
-// A session over TCP, the real windows offscreen: login, menus, an option, the terminal, back,
-// log-off, a second session, and the loss of its link.
+// A session over TCP, the real windows offscreen: login, menus, an option, the terminal, back, a
+// data-entry screen with its lists, lookups and help, log-off, a second session, and the loss of
+// its link.
 
 #include <QApplication>
 #include <QProcess>
@@ -50,7 +51,7 @@ bool SessionOver() {
          QApplication::activeModalWidget() == nullptr;
 }
 
-TEST(SessionOverTcp, TwoSessionsAndALostLink) {
+TEST(SessionOverTcp, TwoSessionsScreensAndALostLink) {
   QTemporaryDir folder;
   ASSERT_TRUE(folder.isValid());
   qputenv("QUORVEL_HOME", folder.path().toLocal8Bit());
@@ -70,7 +71,7 @@ TEST(SessionOverTcp, TwoSessionsAndALostLink) {
   WireHandOvers();
   const Hands user(backend);
 
-  const std::vector<TourStep> steps = {
+  std::vector<TourStep> steps = {
       {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("AR"); }},
       {"", [] { return MenuShows("Customers and Receivables"); },
        [&] { user.Click(Form<frmSubMenu>().cmdBack); }},
@@ -81,6 +82,9 @@ TEST(SessionOverTcp, TwoSessionsAndALostLink) {
        [&] { user.Click(Form<frmSubMenu>().cmdTcl); }},
       {"", [] { return TerminalShows(">"); }, [&] { user.Type("WHO\r"); }},
       {"", [] { return TerminalShows("demo"); }, [&] { user.Type("\rMENU\r"); }},
+      {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("AR.CUSTOMER"); }},
+  };
+  const std::vector<TourStep> end = {
       {"", [] { return MenuShows("Main Menu"); },
        [&] { user.Click(Form<frmSubMenu>().cmdLogoff); }},
       {"", [] { return BoxShows(); }, [&] { user.AnswerBox(); }},
@@ -92,6 +96,8 @@ TEST(SessionOverTcp, TwoSessionsAndALostLink) {
       {"", [] { return MenuShows("Main Menu"); }, [&] { host.Stop(); }},
       {"", [] { return SessionOver(); }, nullptr},
   };
+  for (const TourStep& step : ScreenSteps(backend)) steps.push_back({"", step.ready, step.act});
+  steps.insert(steps.end(), end.begin(), end.end());
   Tour tour(backend, folder.path().toStdString(), steps);
   desktop.Post(EventKind::Program, [] { Main(); });
   tour.Start();

@@ -1,7 +1,6 @@
 #include "app/tour/Tour.h"
 
 #include <QTimer>
-
 #include <cstdio>
 #include <filesystem>
 

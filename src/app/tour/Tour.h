@@ -45,5 +45,7 @@ class Tour : public QObject {
 
 // The steps through the program against the sample host.
 std::vector<TourStep> TourSteps(QtBackend& backend);
+// Those on its customer screen, from the open screen until it is left.
+std::vector<TourStep> ScreenSteps(QtBackend& backend);
 
 }  // namespace quorvel

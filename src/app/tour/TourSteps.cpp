@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <iterator>
 
 #include "app/tour/Hands.h"
 #include "app/tour/Tour.h"
@@ -25,7 +26,7 @@ std::vector<TourStep> TourSteps(QtBackend& backend) {
   const auto password = [] { return DialogShows<frmPassword>(); };
 
   // clang-format off
-  return {
+  std::vector<TourStep> steps = {
       {"main-menu", mainMenu, type("")},
       {"", mainMenu, [key] { key(Qt::Key_Down)(); key(Qt::Key_Down)(); }},
       {"option-selected", mainMenu, key(Qt::Key_Return)},
@@ -55,7 +56,10 @@ std::vector<TourStep> TourSteps(QtBackend& backend) {
        [key] { key(Qt::Key_Escape)(); key(Qt::Key_Escape)(); }},
       {"", mainMenu, [] { Form<frmSubMenu>().mnuHelpAbout.UserClick(); }},
       {"about", [] { return DialogShows<frmAbout>(); }, key(Qt::Key_Return)},
-      {"", [] { return !DialogShows<frmAbout>(); }, key(Qt::Key_L, Qt::AltModifier)},
+      {"", [] { return !DialogShows<frmAbout>(); }, open("AR.CUSTOMER")},
+  };
+  std::vector<TourStep> end = {
+      {"", mainMenu, key(Qt::Key_L, Qt::AltModifier)},
       {"log-off-question", [] { return BoxShows(); }, answer},
       {"after-the-session",
        [] { return !LoadedForm<frmTelnet>() && !LoadedForm<frmSubMenu>() && !BoxShows(); },
@@ -64,6 +68,10 @@ std::vector<TourStep> TourSteps(QtBackend& backend) {
       {"", [] { return !DialogShows<frmConnect>(); }, nullptr},
   };
   // clang-format on
+  for (std::vector<TourStep> part : {ScreenSteps(backend), end}) {
+    std::move(part.begin(), part.end(), std::back_inserter(steps));
+  }
+  return steps;
 }
 
 }  // namespace quorvel

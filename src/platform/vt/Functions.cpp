@@ -128,7 +128,7 @@ constexpr std::array<int, 128> PlacesOf(std::string_view prefixes) {
   std::array<int, 128> places{};
   places.fill(-1);
   for (std::size_t i = 0; i < prefixes.size(); ++i) {
-    places[static_cast<std::size_t>(prefixes[i])] = static_cast<int>(i);
+    places[static_cast<unsigned char>(prefixes[i])] = static_cast<int>(i);
   }
   return places;
 }

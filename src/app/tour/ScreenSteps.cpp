@@ -1,0 +1,89 @@
+// The round of a record on the sample host's customer screen, by mouse and keyboard.
+#include <QApplication>
+
+#include "app/tour/Hands.h"
+#include "app/tour/Tour.h"
+#include "entry/frmEntry.h"
+#include "entry/frmList.h"
+#include "entry/frmLocate.h"
+#include "link/SessionState.h"
+#include "menus/frmHelpText.h"
+#include "menus/frmSubMenu.h"
+
+namespace quorvel {
+namespace {
+
+// Fields of the customer screen.
+enum CustomerField { kKey = 2, kName = 4, kPhone = 8, kRep = 10, kRepName, kLimit = 17 };
+
+frmEntry* Screen() {
+  frmEntry* screen = LoadedForm<frmEntry>();
+  return screen && screen->IsVisible() && Session().PendingOp.empty() && !BoxShows() ? screen
+                                                                                     : nullptr;
+}
+
+bool KeyEntry() {
+  return Screen() && Screen()->cmdOK.Enabled();
+}
+
+// The field shows this and has the keyboard to itself: no request of the screen is under way.
+bool FieldShows(CustomerField field, const std::string& text) {
+  return Screen() && !Screen()->cmdOK.Enabled() && Screen()->txtEntry(field).Text() == text;
+}
+
+bool PopupShows() {
+  return QApplication::activePopupWidget() != nullptr;
+}
+
+}  // namespace
+
+std::vector<TourStep> ScreenSteps(QtBackend& backend) {
+  const Hands user(backend);
+  const auto type = [user](const char* text) { return [user, text] { user.Type(text); }; };
+  const auto typeInto = [user](CustomerField field, const char* text) {
+    return [user, field, text] {
+      user.Click(Screen()->txtEntry(field));
+      user.Key(Qt::Key_A, Qt::ControlModifier);
+      user.Type(text);
+    };
+  };
+  const auto openMenuOf = [user](CustomerField field) {
+    return [user, field] { user.RightClick(Screen()->txtEntry(field)); };
+  };
+  const auto answer = [user] { user.AnswerBox(); };
+  const auto click = [user](Button frmEntry::*button) {
+    return [user, button] { user.Click(Screen()->*button); };
+  };
+
+  // clang-format off
+  return {
+      {"screen-key-entry", KeyEntry, openMenuOf(kKey)},
+      {"field-menu", PopupShows, type("l")},
+      {"locator", [] { return DialogShows<frmLocate>(); }, type("pike\r")},
+      {"locator-list", [] { return DialogShows<frmList>(); },
+       [user] { user.Key(Qt::Key_Down); user.Key(Qt::Key_Return); }},
+      {"", [] { return FieldShows(kKey, "C1016") || KeyEntry(); },
+       [user] { if (!KeyEntry()) user.Click(Screen()->cmdCancel); }},
+      {"", KeyEntry, typeInto(kKey, "C1001\r")},
+      {"record-found", [] { return FieldShows(kName, "Alder & Finch Hardware"); },
+       typeInto(kLimit, "much\r")},
+      {"field-refused", [] { return BoxShows("Entry must be numeric!"); }, answer},
+      {"", [] { return FieldShows(kLimit, "$15,000.00"); }, typeInto(kRep, "R9\r")},
+      {"lookup-refused", [] { return BoxShows("Item R9 not on file!"); }, answer},
+      {"", [] { return FieldShows(kRep, "R1"); }, typeInto(kRep, "R2\r")},
+      {"lookup", [] { return FieldShows(kRepName, "Omar Dale"); }, openMenuOf(kRep)},
+      {"", PopupShows, type("i")},
+      {"list", [] { return DialogShows<frmList>(); }, [user] { user.Key(Qt::Key_Home); user.Key(Qt::Key_Return); }},
+      {"list-answer", [] { return FieldShows(kRepName, "Nora Beck"); }, click(&frmEntry::cmdHelp)},
+      {"field-help", [] { return DialogShows<frmHelpText>(); }, [user] { user.Click(Form<frmHelpText>().cmdExit); }},
+      {"", [] { return !LoadedForm<frmHelpText>() && FieldShows(kRep, "R1"); },
+       typeInto(kPhone, "555-0199\r")},
+      {"record-changed", [] { return FieldShows(kPhone, "555-0199"); }, click(&frmEntry::cmdSave)},
+      {"record-saved", KeyEntry, typeInto(kKey, "C1001\r")},
+      {"", [] { return FieldShows(kPhone, "555-0199"); }, click(&frmEntry::cmdCancel)},
+      {"", KeyEntry, click(&frmEntry::cmdExit)},
+  };
+  // clang-format on
+}
+
+}  // namespace quorvel
