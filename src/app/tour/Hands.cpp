@@ -49,9 +49,11 @@ void Hands::Click(Control& control) const {
   QTest::mouseClick(backend_.WidgetOf(control), Qt::LeftButton);
 }
 
-// With the event that the window system sends behind the press of that button.
+// The pointer goes there as well: it is where the menu opens.
 void Hands::RightClick(Control& control) const {
-  QTest::mouseClick(backend_.WidgetOf(control), Qt::RightButton);
+  QWidget* const widget = backend_.WidgetOf(control);
+  QCursor::setPos(widget->mapToGlobal(widget->rect().center()));
+  QTest::mouseClick(widget, Qt::RightButton);
 }
 
 void Hands::Key(int key, Qt::KeyboardModifiers modifiers) const {
