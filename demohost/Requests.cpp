@@ -57,11 +57,9 @@ Reply RunReply(const Request& request) {
     return reply;
   }
   const auto option = FindOption(name);
-  if (!option && IsScreen(request.host.Data(), name)) {
-    reply.frame = Frame({kOk});
-  } else if (!option) {
+  if (!option && !IsScreen(request.host.Data(), name)) {
     reply.frame = ErrorFrame("There is no option " + name);
-  } else if (option->terminal) {
+  } else if (option && option->terminal) {
     reply.frame = ErrorFrame(name + " runs in the terminal");
   } else {
     reply.frame = Frame({kOk});
