@@ -84,7 +84,7 @@ class TestScreen {
       client.Forget();
       for (const auto& frame : frames) {
         const auto parts = FieldsOf(frame);
-        const auto token = parts.front();
+        const auto& token = parts.front();
         if (token == "~GENOUT~") shown[std::stoi(parts[1])] = parts.size() > 2 ? parts[2] : "";
         if (token == "~MSGBOX~") boxes.push_back(parts[2]);
         if (token.ends_with(".MODE~")) modes.push_back(token);
