@@ -11,7 +11,7 @@ namespace quorvel {
 namespace {
 
 QString FolderOfUser() {
-  const QString asked = qEnvironmentVariable("QUORVEL_HOME");
+  QString asked = qEnvironmentVariable("QUORVEL_HOME");
   if (!asked.isEmpty()) return asked;
 #ifdef Q_OS_WIN
   return QCoreApplication::applicationDirPath();
