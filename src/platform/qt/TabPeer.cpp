@@ -1,6 +1,8 @@
 // The peer of a tab strip. The controls on its pages lie on one holder, so that their places count
 // from the corner of the strip; those of other pages are hidden.
 
+#include <QApplication>
+#include <QFontMetrics>
 #include <QPainter>
 #include <QStyleOptionTabWidgetFrame>
 #include <QTabBar>
@@ -84,6 +86,7 @@ class TabPeer : public WidgetPeer {
       }
       Widget()->update();
     } else if (prop == Prop::Font) {
+      Row().SetWidest(WidestTab());
       TellHeight();
     }
   }
@@ -95,7 +98,7 @@ class TabPeer : public WidgetPeer {
   void ShowTabs() {
     while (Row().count() > strip_.Tabs()) Row().removeTab(Row().count() - 1);
     while (Row().count() < strip_.Tabs()) Row().addTab(QString());
-    Row().SetWidest(ToPixels(strip_.TabMaxWidth()));
+    Row().SetWidest(WidestTab());
     for (int page = 0; page < strip_.Tabs(); ++page) {
       const QString caption = ToMnemonic(strip_.TabCaption(page));
       if (Row().tabText(page) != caption) Row().setTabText(page, caption);
@@ -105,6 +108,12 @@ class TabPeer : public WidgetPeer {
     }
     Row().setCurrentIndex(strip_.Tab());
     TellHeight();
+  }
+  // Pixels. The limit is meant for captions of the usual size: it grows with them.
+  int WidestTab() const {
+    const double scale = static_cast<double>(Row().fontMetrics().height()) /
+                         QFontMetrics(QApplication::font()).height();
+    return static_cast<int>(ToPixels(strip_.TabMaxWidth()) * std::max(1.0, scale));
   }
   // A strip whose captions are all empty still has a row.
   void TellHeight() {
