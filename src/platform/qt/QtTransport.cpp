@@ -11,7 +11,7 @@ namespace quorvel {
 namespace {
 
 // Most that is read ahead of the program, in bytes; beyond it the network holds the host back.
-constexpr qint64 kReadBuffer = 256 * 1024;
+constexpr qint64 kReadBuffer = qint64{256} * 1024;
 
 }  // namespace
 

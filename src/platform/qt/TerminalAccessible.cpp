@@ -81,7 +81,7 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
 
   QString All() const {
     QString all;
-    all.reserve(Rows() * LineLength());
+    all.reserve(qsizetype{Rows()} * LineLength());
     for (int row = 0; row < Rows(); ++row) {
       if (row > 0) all += u'\n';
       // Never a character that would shift the offsets of what follows.
