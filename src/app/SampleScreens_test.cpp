@@ -34,7 +34,7 @@ class SampleScreens : public ::testing::Test, public JoinedTest {
   std::string Text(int field) { return Screen().txtEntry(field).Text(); }
   std::string Choice(int field) {
     auto& box = Screen().cboEntry(field);
-    return box.ListIndex() < 0 ? "" : box.List.At(static_cast<std::size_t>(box.ListIndex()));
+    return box.ListIndex() < 0 ? "" : box.List.At(box.ListIndex());
   }
   // Types over a field; what follows depends on `key`.
   void Enter(int field, const std::string& text, KeyCode key = KeyCode::Return) {
@@ -190,7 +190,7 @@ TEST_F(SampleScreens, AKeyOfTwoPartsOpensItsRecord) {
 TEST_F(SampleScreens, AnOrderIsEntered) {
   enum {
     Customer = 4,
-    Rep = 6,
+    OrderRep = 6,
     CustomerName,
     Date,
     Item1 = 12,
@@ -208,7 +208,7 @@ TEST_F(SampleScreens, AnOrderIsEntered) {
   EXPECT_EQ(Boxes(), Texts{"Do you want to add this record?"});
   Enter(Customer, "C1001");
   EXPECT_EQ(Text(CustomerName), "Alder & Finch Hardware");
-  EXPECT_EQ(Text(Rep), "R1");
+  EXPECT_EQ(Text(OrderRep), "R1");
   Enter(Item1, "I101");
   EXPECT_EQ(Text(Text1), "Claw hammer 16 oz");
   EXPECT_EQ(Text(Price1), "14.50");
@@ -232,7 +232,7 @@ TEST_F(SampleScreens, AListFillsTheField) {
   Enter(Key, "C1001");
   Do([&] { Screen().txtEntry(City).UserFocus(); });
   bool picked = false;
-  backend.onIdle = [this, &picked, exchange = backend.onIdle] {
+  backend.onIdle = [&picked, exchange = backend.onIdle] {
     if (exchange()) return true;
     auto* list = LoadedForm<frmList>();
     if (picked || !list) return false;
