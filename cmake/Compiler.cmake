@@ -5,7 +5,8 @@ target_compile_options(quorvel_options INTERFACE
   -Woverloaded-virtual)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # False alarms of g++ 12 about "text" + std::string in optimised builds (GCC bug 105651).
-  target_compile_options(quorvel_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds)
+  target_compile_options(quorvel_options INTERFACE -Wno-restrict -Wno-stringop-overflow -Wno-array-bounds
+                         -Wno-stringop-overread)
 endif()
 if(QUORVEL_STRICT)
   target_compile_options(quorvel_options INTERFACE -Werror)
