@@ -4,6 +4,7 @@
 #include "entry/InstallLists.h"
 #include "link/HandOvers.h"
 #include "menus/InstallMenus.h"
+#include "output/InstallOutput.h"
 #include "settings/InstallSettings.h"
 #include "terminal/InstallTerminal.h"
 
@@ -16,9 +17,7 @@ void WireHandOvers() {
   InstallMenus();
   InstallEntry();
   InstallListWindows();
-  // There is no report viewer yet: what its closing would enable again is enabled at once, so that
-  // a host that captures a report leaves the session usable.
-  Ask().ShowReport = [] { Ask().EnableSessionWindows(true); };
+  InstallOutput();
 }
 
 }  // namespace quorvel
