@@ -253,6 +253,26 @@ TEST_F(EntryFieldsTest, TabLeavesOnlyWhatIsValid) {
   EXPECT_EQ(Combo(5).ListIndex(), 1);  // back at the old value
 }
 
+// A list can only show its items: what is chosen is padded to another one, or not at all.
+TEST_F(EntryFieldsTest, AListIsJustifiedWithinItsItems) {
+  Put("DATA", "K", "");
+  OpenOn({{3, Field(3,
+                    {{10, "R0"},
+                     {21,
+                      "12\xFC"
+                      "7\xFC"
+                      "0007"}},
+                    "1", 4)},
+          {4, Field(4)}});
+  for (const auto& [item, stored] : {std::pair{0, "12"}, std::pair{1, "0007"}}) {
+    Do([&] { Combo(3).UserFocus(); });
+    Do([&] { Combo(3).UserPick(item); });
+    Press(KeyCode::Return);
+    EXPECT_EQ(Stored(3), stored);
+    EXPECT_EQ(Combo(3).Text(), stored);
+  }
+}
+
 TEST_F(EntryFieldsTest, DefaultsOnEmptyFields) {
   Put("DATA", "K",
       "\xFE\xFE\xFE"

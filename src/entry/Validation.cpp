@@ -86,7 +86,11 @@ void Validation::Justify(const FieldDefinition& field, std::string& entry) const
   const int missing = width - static_cast<int>(entry.size());
   if (entry.empty() || missing <= 0 || !(just.left || just.right)) return;
   const std::string fill(static_cast<std::size_t>(missing), just.fill);
-  entry = just.left ? entry + fill : fill + entry;
+  const std::string padded = just.left ? entry + fill : fill + entry;
+  // A list takes nothing but its items: padding would undo the choice and store nothing.
+  const ComboBox* combo = fields_.ComboBoxOf(field.number);
+  if (combo && combo->List.Find(padded) < 0) return;
+  entry = padded;
   SetText(fields_, field.number, entry);
 }
 
