@@ -159,6 +159,11 @@ TEST_F(EntryScreenTest, MalformedDefinitions) {
        {{2, DefinitionOf({{1, good}, {18, "4"}})}, {4, Stored(9, 1, 5)}},
        "Error# 360\nObject already loaded\nZ = 4",
        2},
+      {"companion that is a list among the others",
+       "",
+       {{2, DefinitionOf({{1, good}, {18, "4"}})}, {4, Stored(9, 1, 5, {{21, "x\xFCy"}})}},
+       "Error# 360\nObject already loaded\nZ = 4",
+       2},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -170,9 +175,17 @@ TEST_F(EntryScreenTest, MalformedDefinitions) {
     EXPECT_EQ(Session().ScreenLoaded, kFalse);
     EXPECT_EQ(backend.pointers.back(), MousePointer::Hourglass);
     EXPECT_EQ(Screen().txtEntry.Count(), c.fields);
+    EXPECT_EQ(Screen().cboEntry.Count(), 0);
     Do([&] { Screen().UserClose(); });
     EXPECT_FALSE(IsOpen());
   }
+  // What has been built of one makes way for the next screen.
+  Open({{2, "01"}});
+  EXPECT_EQ(Session().ScreenLoaded, kFalse);
+  Open({{2, good}});
+  EXPECT_EQ(Session().ScreenLoaded, kTrue);
+  EXPECT_TRUE(Text(2).Enabled());
+  EXPECT_EQ(backend.pointers.back(), MousePointer::Default);
 }
 
 TEST_F(EntryScreenTest, AScreenWithoutKeyFieldsOrWithoutAnything) {

@@ -8,7 +8,22 @@
 namespace quorvel {
 namespace {
 
+// Does something with the screen, if it is there.
+template <class Action>
+void WithScreen(const Action& action) {
+  if (frmEntry* screen = LoadedForm<frmEntry>()) {
+    const auto keep = screen->shared_from_this();
+    action(*screen);
+  }
+}
+
+void UnloadEntryScreen() {
+  WithScreen([](frmEntry& screen) { screen.Unload(); });
+}
+
 void ShowEntryScreen() {
+  // One whose building failed does not count as loaded, yet its window is in the way.
+  if (Session().ScreenLoaded == kFalse) UnloadEntryScreen();
   frmEntry& screen = desktop().FormObject<frmEntry>();
   const auto keep = screen.shared_from_this();
   // One with a record open has refused to make way: it goes on.
@@ -19,21 +34,12 @@ void ShowEntryScreen() {
   screen.Show();
 }
 
-// Does something with the screen, if it is there.
-template <class Action>
-void WithScreen(const Action& action) {
-  if (frmEntry* screen = LoadedForm<frmEntry>()) {
-    const auto keep = screen->shared_from_this();
-    action(*screen);
-  }
-}
-
 }  // namespace
 
 void InstallEntry() {
   HandOvers& ask = Ask();
   ask.ShowEntryScreen = ShowEntryScreen;
-  ask.UnloadEntryScreen = [] { WithScreen([](frmEntry& screen) { screen.Unload(); }); };
+  ask.UnloadEntryScreen = UnloadEntryScreen;
   ask.EntryWindow = []() -> Window* { return LoadedForm<frmEntry>(); };
   ask.ApplyScreenMode = [](const std::string& mode) {
     WithScreen([&](frmEntry& screen) { screen.ApplyScreenMode(mode); });

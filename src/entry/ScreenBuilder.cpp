@@ -101,8 +101,8 @@ class Builder {
     fields_.Add({number, kind, flag});
     if (!field.placement) throw RuntimeError(Failure::TypeMismatch);
     const bool combo = kind == FieldKind::Combo;
-    const bool there = combo ? controls_.cboEntry.Has(number) : controls_.txtEntry.Has(number);
-    if (there) throw RuntimeError(Failure::ElementExists);
+    // One number never has a box of both kinds.
+    if (fields_.BoxOf(number)) throw RuntimeError(Failure::ElementExists);
     Control& box = combo ? static_cast<Control&>(controls_.cboEntry.Load(number))
                          : controls_.txtEntry.Load(number);
     last_ = &box;
