@@ -47,6 +47,10 @@ void CheckDate(std::string_view text) {
   Require(SerialOf(date) == serial, "there and back");
   const std::string shown = OutputDate(std::to_string(*serial - kDayZero), "/");
   Require(ParseDate(shown, 1) == serial, "what is shown is the date");
+  std::string slashes(text);
+  std::replace(slashes.begin(), slashes.end(), '.', '/');
+  std::replace(slashes.begin(), slashes.end(), ':', '/');
+  Require(ParseDate(slashes, 2024) == serial, "points and colons separate as slashes do");
 }
 
 std::ptrdiff_t Marks(std::string_view text) {
