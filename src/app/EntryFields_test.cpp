@@ -253,6 +253,18 @@ TEST_F(EntryFieldsTest, TabLeavesOnlyWhatIsValid) {
   EXPECT_EQ(Combo(5).ListIndex(), 1);  // back at the old value
 }
 
+// No limit of typing is a width all the same.
+TEST_F(EntryFieldsTest, AFieldWithoutLimitIsPaddedToItsWidth) {
+  Put("DATA", "K", "");
+  OpenOn({{3, Field(3, {{10, "L*"}}, "1", 99)}, {4, Field(4)}});
+  Enter(3, std::string(97, 'x'));
+  Press(KeyCode::Return);
+  EXPECT_EQ(Stored(3), std::string(97, 'x') + "**");
+  Enter(3, std::string(100, 'y'));
+  Press(KeyCode::Return);
+  EXPECT_EQ(Stored(3), std::string(100, 'y'));
+}
+
 // A list can only show its items: what is chosen is padded to another one, or not at all.
 TEST_F(EntryFieldsTest, AListIsJustifiedWithinItsItems) {
   Put("DATA", "K", "");
