@@ -26,14 +26,9 @@ class DispatcherTest : public FarEndTest {
     ask.ShowImage = note("ShowImage");
     ask.ShowHelpText = note("ShowHelpText");
     ask.ShowReport = note("ShowReport");
-    ask.ClearReport = note("ClearReport");
     ask.ShowList = note("ShowList");
     ask.ApplyScreenMode = [this](const std::string& mode) { calls.push_back("mode " + mode); };
     ask.RunExport = [this](const std::string& command) { calls.push_back("export " + command); };
-    ask.AddReportLine = [this](const std::string& line) {
-      calls.push_back("line " + line);
-      return true;
-    };
     ask.EnableSessionWindows = [this](bool enabled) {
       calls.push_back(enabled ? "enable" : "disable");
     };
@@ -289,30 +284,15 @@ TEST_F(DispatcherTest, CaptureOff) {
     s.PendingOp = "Capture";
     s.CaptureCommand = command;
     s.ExportType = type;
-    backend.pointers.clear();
     Tell({"~CAPTURE-OFF~"});
     EXPECT_EQ(s.PendingOp, "");
     return calls;
   };
-  using enum MousePointer;
-  const std::vector<MousePointer> busyWhileFilled = {Hourglass, Default};
-  std::ofstream(s.CaptureFile) << "one\r\n\r\n\xFFtwo";
   EXPECT_EQ(off("Excel", 3), (Texts{"export Excel", "enable"}));
   EXPECT_EQ(off("", 0), (Texts{"export ", "enable"}));
   EXPECT_EQ(off("", 2), (Texts{"export ", "enable"}));
-  EXPECT_TRUE(backend.pointers.empty());
-  for (const std::int16_t type : {std::int16_t{1}, std::int16_t{3}}) {
-    EXPECT_EQ(off("", type),
-              (Texts{"ShowReport", "ClearReport", "line one", "line ", "line \xFFtwo"}));
-    EXPECT_EQ(backend.pointers, busyWhileFilled);
-  }
-  Ask().AddReportLine = [](const std::string& line) { return line == "one"; };
-  EXPECT_EQ(off("", 3), (Texts{"ShowReport", "ClearReport"}));
-  EXPECT_EQ(BoxTexts(), Texts{"Memory exceeded! Choose Export to view entire report"});
-  EXPECT_EQ(backend.pointers.back(), Default);
-  std::filesystem::remove(s.CaptureFile);
+  EXPECT_EQ(off("", 1), Texts{"ShowReport"});
   EXPECT_EQ(off("", 3), Texts{"ShowReport"});
-  EXPECT_EQ(backend.pointers, busyWhileFilled);
 }
 
 // A stray reply ends the state but leaves the windows; the end message still does its work.

@@ -1,13 +1,11 @@
 #include "link/CaptureMessages.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
-#include "platform/controls/Desktop.h"
 
 namespace quorvel {
 namespace {
@@ -21,17 +19,6 @@ std::string EmptyIfBlank(const std::string& text) {
 // The value of ExportType decides whether a report goes to a program at once.
 bool ExportsAtOnce(std::int16_t type) {
   return type == 0 || type == 2;
-}
-
-void FillReport(std::ifstream& file) {
-  std::string line;
-  while (std::getline(file, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (Ask().AddReportLine(line)) continue;
-    desktop().backend().SetMousePointer(MousePointer::Default);
-    desktop().MsgBox("Memory exceeded! Choose Export to view entire report");
-    return;
-  }
 }
 
 }  // namespace
@@ -59,15 +46,6 @@ void TakeCaptureOff() {
     return;
   }
   Ask().ShowReport();
-  desktop().backend().SetMousePointer(MousePointer::Hourglass);
-  std::error_code ignored;
-  if (std::filesystem::exists(s.CaptureFile, ignored)) {
-    std::ifstream file(s.CaptureFile, std::ios::binary);
-    desktop().Yield();
-    Ask().ClearReport();
-    FillReport(file);
-  }
-  desktop().backend().SetMousePointer(MousePointer::Default);
 }
 
 }  // namespace quorvel

@@ -67,9 +67,7 @@ struct HandOvers {
 
   // --- output
   std::function<void(const std::string&)> RunExport = [](const std::string&) {};
-  std::function<void()> ShowReport = [] {};  // frmReport
-  std::function<void()> ClearReport = [] {};
-  std::function<bool(const std::string&)> AddReportLine = [](const std::string&) { return true; };
+  std::function<void()> ShowReport = [] {};            // frmReport, with the capture file
   std::function<void()> ShowImage = [] {};             // frmImage
   std::function<void()> ShowExportParameters = [] {};  // frmExpParm
   std::function<void()> ChoosePrinter = [] {};

@@ -57,13 +57,13 @@ struct SessionState {
   std::string FieldKinds;      // "T" or "C" (text box, combo box),
   std::string FieldFlags;      // "K", "D" or empty (key, display only, any other)
   std::int16_t FieldCount = 0;
-  std::int16_t FirstField = 0;    // number of the first key field; 0: none
+  std::int16_t FirstField = 0;     // number of the first key field; 0: none
   std::int16_t InstanceCount = 0;  // entry screens opened beside the one
-  std::int16_t CurrentField = 0;  // the field last entered; 0: leaving it is not to be validated
-  std::string FieldOldValue;      // its stored value when it was entered
-  std::string FieldEvent;         // "KeyDown", "NoCase" or empty: see entry/Validation.h
-  Flag FieldRejected = kFalse;    // what the last validation said
-  std::string NewRecord;          // "Y" while a record is being added
+  std::int16_t CurrentField = 0;   // the field last entered; 0: leaving it is not to be validated
+  std::string FieldOldValue;       // its stored value when it was entered
+  std::string FieldEvent;          // "KeyDown", "NoCase" or empty: see entry/Validation.h
+  Flag FieldRejected = kFalse;     // what the last validation said
+  std::string NewRecord;           // "Y" while a record is being added
 
   // --- host messages
   std::string MenuId;
@@ -86,7 +86,9 @@ struct SessionState {
   Flag ConfirmExit = kFalse;
   std::int16_t MenuLoaded = 0;  // 1 while the menu window is loaded
   std::int16_t HelpOpen = 0;
-  std::string ActiveContext;  // "TELNET", "MENU", ...: the window in front
+  std::string SelectedExport;   // the entry that frmExpSel was left with; empty on cancel
+  std::string BrowseDirectory;  // folder handed to frmBrowseExp and back; empty on cancel
+  std::string ActiveContext;    // "TELNET", "MENU", ...: the window in front
   std::string BookmarkContext;
   std::int32_t SelectionStart = 0;   // one-based, in SelectionScreen
   std::int32_t SelectionLength = 0;  // 0: nothing is selected
@@ -131,8 +133,8 @@ struct SessionState {
   std::string ConvPwd;
   std::string SingleSession;
   std::string SendKeys;
-  std::int16_t ExportType = 0;  // key Type
-  std::array<std::string, 10> ExpList;
+  std::int16_t ExportType = 0;                 // key Type
+  std::array<std::string, 10> ExportCommands;  // keys ExpList0 to ExpList9
   std::string ExportPath;
   std::string AutoHostAddress;                    // key orlan
   std::array<std::string, 17> FunctionKeys;       // 1 to 16

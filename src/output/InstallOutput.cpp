@@ -1,13 +1,27 @@
 #include "output/InstallOutput.h"
 
 #include "link/HandOvers.h"
+#include "output/PrintReport.h"
+#include "output/RunExport.h"
+#include "output/frmExpParm.h"
+#include "output/frmReport.h"
+#include "platform/controls/Desktop.h"
 
 namespace quorvel {
+namespace {
+
+void InstallReports() {
+  HandOvers& ask = Ask();
+  ask.ShowReport = ShowReport;
+  ask.RunExport = [](std::string command) { RunExport(command); };
+  ask.ShowExportParameters = [] { Form<frmExpParm>().ShowModal(); };
+  ask.ChoosePrinter = ChoosePrinter;
+}
+
+}  // namespace
 
 void InstallOutput() {
-  // There is no report viewer yet: what its closing would enable again is enabled at once, so that
-  // a host that captures a report leaves the session usable.
-  Ask().ShowReport = [] { Ask().EnableSessionWindows(true); };
+  InstallReports();
 }
 
 }  // namespace quorvel

@@ -15,6 +15,8 @@ class Application {
   virtual std::string Folder() = 0;
   // What separates the parts of a path here ("/" or "\").
   virtual char PathSeparator() const = 0;
+  // The drives and mounted volumes, each as the path of its topmost folder.
+  virtual std::vector<std::string> Drives() = 0;
   // Configuration that the command line named; empty for none.
   virtual std::string CommandLine() const = 0;
   // The title of message boxes, and the name under which other copies can find this one.
@@ -54,6 +56,12 @@ class Clipboard {
 class Printer {
  public:
   virtual ~Printer() = default;
+  virtual std::string DeviceName() = 0;
+  // The font of the text that follows; size in points. A font that is not there becomes another.
+  virtual void SetFont(const std::string& name, double size) = 0;
+  // What the printer really took.
+  virtual std::string FontName() = 0;
+  virtual double FontSize() = 0;
   // Prints one text and ends the line; line ends inside the text count too. Opens a document if
   // none is open.
   virtual void PrintText(const std::string& text) = 0;

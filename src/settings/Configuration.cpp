@@ -125,6 +125,13 @@ void WriteConfiguration() {
   file.Save();
 }
 
+void WriteSettings(const std::string& section,
+                   const std::vector<std::pair<std::string, std::string>>& values) {
+  ProfileFile file(Session().ConfigPath);
+  for (const auto& [key, value] : values) file.Set(section, key, value);
+  file.Save();
+}
+
 void SaveSettingsAs() {
   FileDialog dialog = ConfigurationDialog(FileDialog::Purpose::Save);
   dialog.fileName = Session().ConfigPath;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace quorvel {
 
 // The session's configuration file: a text file of sections and keys, extension "inf". Settings are
@@ -12,6 +16,11 @@ void ReadConfiguration();
 // Writes the keys that the user can change to ConfigPath, all other lines of the file left as they
 // are. A file that can't be written loses the values silently.
 void WriteConfiguration();
+
+// Writes these keys and values to one section of ConfigPath, in this order; for the windows that
+// save settings of their own.
+void WriteSettings(const std::string& section,
+                   const std::vector<std::pair<std::string, std::string>>& values);
 
 // Settles ConfigPath (from ConfigArgument, else by the open dialog), reads the file and applies
 // what concerns the main window. ConfigPath is empty when the user cancelled. When the file can't

@@ -60,7 +60,7 @@ void ReadExportCommand(SessionState& s, std::size_t i, std::string text) {
     // Two characters of margin: the default entry has its star there.
     text = "  " + text.substr(std::min(text.find_first_not_of(' '), text.size()));
   }
-  if (text.find_first_not_of(' ') != std::string::npos) s.ExpList[i] = text;
+  if (text.find_first_not_of(' ') != std::string::npos) s.ExportCommands[i] = text;
 }
 
 void AddTelnet(KeyTable& t) {

@@ -99,7 +99,7 @@ std::vector<Key> Keys() {
     add("BUTTONS", "Label", i, Element(&S::ButtonLabels, i), kSaved);
     add("FUNCTION KEYS", "F", i + 1, Element(&S::FunctionKeys, i + 1), kSaved);
     add("FUNCTION KEYS", "SF", i + 1, Element(&S::ShiftFunctionKeys, i + 1), kSaved);
-    if (i < 10) add("EXPORT", "ExpList", i, Element(&S::ExpList, i), kByHand);
+    if (i < 10) add("EXPORT", "ExpList", i, Element(&S::ExportCommands, i), kByHand);
   }
   return keys;
 }
@@ -233,13 +233,13 @@ TEST_F(ConfigurationTest, HowTextsBecomeValues) {
     EXPECT_EQ(Session().Magic, c.magic) << c.line;
     EXPECT_EQ(Session().MagicChar, std::string(1, static_cast<char>(c.magic)));
   }
-  Session().ExpList = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
+  Session().ExportCommands = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
   LoadText(
       "[EXPORT]\nExpList0=cmd\nExpList1=\"    cmd \"\nExpList2=* cmd\nExpList3=\"    \"\n"
       "ExpList4=\n[TELNET]\nHostName=" +
       std::string(300, 'h') + "\n");
-  EXPECT_EQ(Session().ExpList, (std::array<std::string, 10>{"  cmd", "  cmd ", "* cmd", "3", "4",
-                                                            "5", "6", "7", "8", "9"}));
+  EXPECT_EQ(Session().ExportCommands, (std::array<std::string, 10>{"  cmd", "  cmd ", "* cmd", "3",
+                                                                   "4", "5", "6", "7", "8", "9"}));
   EXPECT_EQ(Session().HostName, std::string(254, 'h'));
   EXPECT_TRUE(backend.messageBoxes.empty());
 }

@@ -45,6 +45,7 @@ enum class ControlKind {
   ComboBox,
   ListBox,
   ListView,
+  ReportView,
   Button,
   CheckBox,
   OptionButton,

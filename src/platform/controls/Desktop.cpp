@@ -136,6 +136,7 @@ int Desktop::RunningReceives() const {
 }
 
 bool Desktop::MayRun(EventKind kind) const {
+  if (painting_ > 0) return false;
   if (kind == EventKind::Program) return true;
   if (InputHeld()) return false;
   return kind != EventKind::Receive || RunningReceives() < kMostNestedReceives;
@@ -165,6 +166,14 @@ void Desktop::Yield() {
   CheckEnding();
 }
 
+void Desktop::Paint() {
+  {
+    const Counted painting(painting_);
+    backend_.ServeToolkit(Serve::WithoutInput);
+  }
+  if (!queue_.empty()) backend_.Wake();
+}
+
 void Desktop::WaitWhile(const std::function<bool()>& condition) {
   const Pushed<Context> waiting(contexts_, Context::Wait);
   while (condition()) {
@@ -189,18 +198,25 @@ void Desktop::EndProcess() {
 
 // --- boxes and pop-ups
 
-MessageBoxAnswer Desktop::MsgBox(const std::string& text, int style, const std::string& title) {
+// Runs a box or dialog of the platform, which serves events until the user has answered.
+template <class Ask>
+auto Desktop::AskInBox(const Ask& ask) {
   CheckEnding();
   if (!queue_.empty()) backend_.Wake();  // what was held back is served while the box is open
   const Pushed<Context> waiting(contexts_, Context::Wait);
-  MessageBoxAnswer answer;
-  {
+  auto answer = [&] {
     const Counted open(boxes_);
-    answer = backend_.ShowMessageBox(
-        {text, title.empty() ? backend_.application().Title() : title, style});
-  }
+    return ask();
+  }();
   CheckEnding();
   return answer;
+}
+
+MessageBoxAnswer Desktop::MsgBox(const std::string& text, int style, const std::string& title) {
+  return AskInBox([&] {
+    return backend_.ShowMessageBox(
+        {text, title.empty() ? backend_.application().Title() : title, style});
+  });
 }
 
 void Desktop::PopupMenu(MenuItem& menu) {
@@ -212,16 +228,11 @@ void Desktop::PopupMenu(MenuItem& menu) {
 }
 
 std::optional<std::string> Desktop::ChooseFile(const FileDialog& dialog) {
-  CheckEnding();
-  if (!queue_.empty()) backend_.Wake();
-  const Pushed<Context> waiting(contexts_, Context::Wait);
-  std::optional<std::string> chosen;
-  {
-    const Counted open(boxes_);
-    chosen = backend_.dialogs().ChooseFile(dialog);
-  }
-  CheckEnding();
-  return chosen;
+  return AskInBox([&] { return backend_.dialogs().ChooseFile(dialog); });
+}
+
+bool Desktop::ChoosePrinter() {
+  return AskInBox([&] { return backend_.dialogs().ChoosePrinter(); });
 }
 
 // --- windows

@@ -44,6 +44,8 @@ class Desktop {
   void Yield();
   // Serves events until the condition is false, and sleeps in between.
   void WaitWhile(const std::function<bool()>& condition);
+  // Paints what has changed, and serves nothing else: no event of the program, user or host.
+  void Paint();
   // For backends: runs queued events; those that must wait stay. False when there was none to run.
   bool ServeQueue();
   bool ServeOne();
@@ -59,6 +61,8 @@ class Desktop {
                           const std::string& title = {});
   void PopupMenu(MenuItem& menu);
   std::optional<std::string> ChooseFile(const FileDialog& dialog);
+  // False when the user cancels.
+  bool ChoosePrinter();
   bool IsBoxOpen() const { return boxes_ > 0; }
 
   // --- windows
@@ -107,6 +111,8 @@ class Desktop {
   bool MayRun(EventKind kind) const;
   void Settle();
   void ReportFailure(const RuntimeError& failure);
+  template <class Ask>
+  auto AskInBox(const Ask& ask);
   void Guard(const std::function<void()>& body);
 
   Backend& backend_;
@@ -114,6 +120,7 @@ class Desktop {
   std::vector<Context> contexts_;
   std::vector<Level> levels_{1};
   int boxes_ = 0;
+  int painting_ = 0;
   bool ending_ = false;
   Focus focus_;
   Window* main_ = nullptr;

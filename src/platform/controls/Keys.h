@@ -30,6 +30,7 @@ enum class KeyCode : int {
   Decimal = 110,
   Divide = 111,
   F1 = 112,
+  F3 = 114,
   F10 = 121,
   F12 = 123,
   F13 = 124,

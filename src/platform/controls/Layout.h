@@ -5,28 +5,40 @@
 namespace quorvel {
 
 class Control;
+class Frame;
 class Label;
+struct LayoutRow;
+
+// The rows of a dialog from top to bottom; empty for a window whose geometry is in twips.
+using Layout = std::vector<LayoutRow>;
 
 // What one row of a dialog holds. The backend lays the rows out by the rules of its desktop.
 struct LayoutRow {
   enum class Kind {
     Field,    // a label and the control it stands for
     Wide,     // one control over the whole width
+    Bar,      // several side by side, each as wide as it needs; boxes of text a usual width
     Buttons,  // the dialog's buttons, last row
     Stretch,  // as Wide, and it takes the height that is left over
+    Group,    // a frame with rows of its own inside
+    Beside,   // rows beside each other, all of one width
   };
   Kind kind = Kind::Wide;
   Label* label = nullptr;
   std::vector<Control*> controls;
+  Layout rows;  // of a group; those beside each other
+
+  // Whether the row, or one inside it, places the control.
+  bool Holds(const Control& control) const;
 };
 
-// The rows of a dialog from top to bottom; empty for a window whose geometry is in twips.
-using Layout = std::vector<LayoutRow>;
-
-// Makes `label` stand for `control`.
-LayoutRow Field(Label& label, Control& control);
+// Makes `label` stand for `control`. Buttons may follow the control.
+LayoutRow Field(Label& label, Control& control, std::vector<Control*> buttons = {});
 LayoutRow Wide(Control& control);
 LayoutRow Stretch(Control& control);
+LayoutRow Bar(std::vector<Control*> controls);
+LayoutRow Group(Frame& frame, Layout rows);
+LayoutRow Beside(Layout rows);
 LayoutRow Buttons(std::vector<Control*> buttons);
 
 }  // namespace quorvel

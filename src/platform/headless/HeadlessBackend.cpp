@@ -157,6 +157,12 @@ std::optional<std::string> HeadlessBackend::ChooseFile(const FileDialog& dialog)
   return onFileDialog ? onFileDialog(dialog) : std::nullopt;
 }
 
+void HeadlessBackend::SetFont(const std::string& name, double size) {
+  if (printerFails) throw RuntimeError(Failure::PrinterError);
+  fontName_ = printerFont.empty() ? name : printerFont;
+  fontSize_ = size;
+}
+
 void HeadlessBackend::PrintText(const std::string& text) {
   if (printerFails) throw RuntimeError(Failure::PrinterError);
   printed.push_back(text);

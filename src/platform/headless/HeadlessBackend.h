@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -17,7 +18,7 @@ class HeadlessLine {
   std::vector<std::string> sent;  // what the client wrote, one element a write
   bool open = false;              // from the answer to the opening until either side closes
 
-  bool reading = true;            // false while the client asks the network to hold back
+  bool reading = true;  // false while the client asks the network to hold back
 
   // What the far side does. Nothing happens on a line that the client has closed.
   void Accept();
@@ -49,8 +50,11 @@ class HeadlessBackend : public Backend,
   std::string folder;  // the application folder
   std::string commandLine;
   bool otherCopyRuns = false;
+  std::vector<std::string> drives{std::filesystem::current_path().root_path().string()};
   ScreenMetrics screen{19200, 12000, 15};
   bool printerFails = false;
+  bool choosesPrinter = false;  // what the user answers in the printer dialog
+  std::string printerFont;      // the only one the printer has; empty: it has all
   // Answers a message box; by default the first button. It may serve events first.
   std::function<MessageBoxAnswer(const MessageBoxRequest&)> onMessageBox;
   std::function<std::optional<std::string>(const FileDialog&)> onFileDialog;  // default: cancel
@@ -97,6 +101,7 @@ class HeadlessBackend : public Backend,
  private:
   std::string Folder() override { return folder; }
   char PathSeparator() const override;
+  std::vector<std::string> Drives() override { return drives; }
   std::string CommandLine() const override { return commandLine; }
   std::string Title() const override { return title_; }
   void SetTitle(const std::string& title) override { title_ = title; }
@@ -105,16 +110,22 @@ class HeadlessBackend : public Backend,
   std::optional<std::string> ChooseFile(const FileDialog& dialog) override;
   std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
   std::optional<quorvel::Font> ChooseFont(const quorvel::Font&) override { return {}; }
-  bool ChoosePrinter() override { return false; }
+  bool ChoosePrinter() override { return choosesPrinter; }
   std::string Text() override { return clipboardText; }
   void SetText(const std::string& text) override { clipboardText = text; }
   void Clear() override { clipboardText.clear(); }
+  std::string DeviceName() override { return "Headless printer"; }
+  void SetFont(const std::string& name, double size) override;
+  std::string FontName() override { return fontName_; }
+  double FontSize() override { return fontSize_; }
   void PrintText(const std::string& text) override;
   void EndDocument() override { ++documentsEnded; }
   void PrintScreen(const std::vector<std::string>& screenLines) override;
   void Start(const std::string& command, ProgramWindow window) override;
 
   std::string title_ = "Quorvel GUI";
+  std::string fontName_;
+  double fontSize_ = 0;
 };
 
 }  // namespace quorvel

@@ -1,6 +1,7 @@
 #include "platform/qt/ControlPeers.h"
 
 #include "platform/controls/Lists.h"
+#include "platform/controls/ReportView.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/TabStrip.h"
 #include "platform/controls/TerminalControl.h"
@@ -40,6 +41,8 @@ std::unique_ptr<ControlPeer> MakeControlPeer(Control& control, QWidget* inside) 
       return MakeListBox(static_cast<ListBox&>(control), parent);
     case ControlKind::ListView:
       return MakeListView(static_cast<ListView&>(control), parent);
+    case ControlKind::ReportView:
+      return MakeReportView(static_cast<ReportView&>(control), parent);
     case ControlKind::Button:
       return MakeButton(static_cast<Button&>(control), parent);
     case ControlKind::CheckBox:

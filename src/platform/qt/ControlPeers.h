@@ -16,6 +16,7 @@ class ListBox;
 class ListView;
 class OptionButton;
 class PictureBox;
+class ReportView;
 class TabStrip;
 class Terminal;
 class TextBox;
@@ -37,6 +38,7 @@ std::unique_ptr<WidgetPeer> MakeTextBox(TextBox& box, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeComboBox(ComboBox& combo, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeListBox(ListBox& list, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeListView(ListView& list, QWidget* parent);
+std::unique_ptr<WidgetPeer> MakeReportView(ReportView& view, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeTabStrip(TabStrip& strip, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeTerminal(Terminal& terminal, QWidget* parent);
 

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/Window.h"
@@ -15,10 +16,12 @@ namespace {
 
 // In characters of usual width, so that they follow the font.
 constexpr int kFieldWidth = 36;
+constexpr int kBarFieldWidth = 24;
 constexpr int kWidestText = 70;
 constexpr int kButtonWidth = 12;
 
 constexpr int kMargin = 16;  // pixels
+constexpr int kGroupMargin = 10;
 constexpr int kSpacing = 8;
 constexpr int kFieldSpacing = 14;
 
@@ -59,7 +62,9 @@ void AddField(QFormLayout& form, const LayoutRow& row) {
   auto* line = new QHBoxLayout;
   for (const Control* control : row.controls) {
     QWidget* field = Prepared(*control);
-    field->setMinimumWidth(Characters(*field, kFieldWidth));
+    if (control->kind() != ControlKind::Button) {
+      field->setMinimumWidth(Characters(*field, kFieldWidth));
+    }
     line->addWidget(field);
   }
   static_cast<QLabel*>(label)->setWordWrap(false);
@@ -79,6 +84,30 @@ void AddButtons(QVBoxLayout& column, const LayoutRow& row) {
   column.addLayout(buttons);
 }
 
+// A label that stands for nothing tells something: it takes the room that is left over. Without
+// one, what is there stands at the left.
+void AddBar(QVBoxLayout& column, const LayoutRow& row) {
+  auto* bar = new QHBoxLayout;
+  bar->setSpacing(kSpacing);
+  bool filled = false;
+  for (const Control* control : row.controls) {
+    QWidget* widget = WidgetOf(*control);
+    int stretch = 0;
+    if (control->kind() == ControlKind::Label) {
+      static_cast<QLabel*>(widget)->setWordWrap(false);
+      stretch = static_cast<const Label*>(control)->Buddy() ? 0 : 1;
+    } else if (control->kind() == ControlKind::TextBox) {
+      widget->setMinimumWidth(Characters(*widget, kBarFieldWidth));
+    } else if (control->kind() == ControlKind::Button) {
+      widget->setMinimumWidth(Characters(*widget, kButtonWidth));
+    }
+    filled = filled || stretch > 0;
+    bar->addWidget(widget, stretch);
+  }
+  if (!filled) bar->addStretch(1);
+  column.addLayout(bar);
+}
+
 QFormLayout* NewForm(QVBoxLayout& column) {
   auto* form = new QFormLayout;
   form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -89,31 +118,73 @@ QFormLayout* NewForm(QVBoxLayout& column) {
   return form;
 }
 
+bool Stretches(const Layout& rows) {
+  return std::any_of(rows.begin(), rows.end(), [](const LayoutRow& row) {
+    return row.kind == LayoutRow::Kind::Stretch || Stretches(row.rows);
+  });
+}
+
+void AddRows(QVBoxLayout& column, const Layout& rows);
+
+QWidget* PreparedGroup(const LayoutRow& row) {
+  QWidget* frame = WidgetOf(*row.controls.front());
+  auto* column = new QVBoxLayout(frame);
+  column->setContentsMargins(kGroupMargin, kGroupMargin, kGroupMargin, kGroupMargin);
+  column->setSpacing(kSpacing);
+  AddRows(*column, row.rows);
+  if (!Stretches(row.rows)) column->addStretch(1);
+  return frame;
+}
+
+void AddBeside(QVBoxLayout& column, const LayoutRow& row) {
+  auto* line = new QHBoxLayout;
+  line->setSpacing(kMargin);
+  for (const LayoutRow& part : row.rows) {
+    auto* inner = new QVBoxLayout;
+    inner->setSpacing(kSpacing);
+    AddRows(*inner, {part});
+    line->addLayout(inner, 1);
+  }
+  column.addLayout(line, Stretches(row.rows) ? 1 : 0);
+}
+
+void AddRows(QVBoxLayout& column, const Layout& rows) {
+  QFormLayout* form = nullptr;
+  for (const LayoutRow& row : rows) {
+    switch (row.kind) {
+      case LayoutRow::Kind::Field:
+        if (!form) form = NewForm(column);
+        AddField(*form, row);
+        continue;
+      case LayoutRow::Kind::Bar:
+        AddBar(column, row);
+        break;
+      case LayoutRow::Kind::Buttons:
+        AddButtons(column, row);
+        break;
+      case LayoutRow::Kind::Group:
+        column.addWidget(PreparedGroup(row), Stretches(row.rows) ? 1 : 0);
+        break;
+      case LayoutRow::Kind::Beside:
+        AddBeside(column, row);
+        break;
+      case LayoutRow::Kind::Wide:
+      case LayoutRow::Kind::Stretch:
+        column.addWidget(Prepared(*row.controls.front()),
+                         row.kind == LayoutRow::Kind::Stretch ? 1 : 0);
+        break;
+    }
+    form = nullptr;
+  }
+}
+
 }  // namespace
 
 void LayOut(const Window& window, QWidget& inside) {
   auto* column = new QVBoxLayout(&inside);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(kSpacing);
-  QFormLayout* form = nullptr;
-  for (const LayoutRow& row : window.layout()) {
-    switch (row.kind) {
-      case LayoutRow::Kind::Field:
-        if (!form) form = NewForm(*column);
-        AddField(*form, row);
-        continue;
-      case LayoutRow::Kind::Buttons:
-        AddButtons(*column, row);
-        break;
-      case LayoutRow::Kind::Wide:
-      case LayoutRow::Kind::Stretch:
-        for (const Control* control : row.controls) {
-          column->addWidget(Prepared(*control), row.kind == LayoutRow::Kind::Stretch ? 1 : 0);
-        }
-        break;
-    }
-    form = nullptr;
-  }
+  AddRows(*column, window.layout());
 }
 
 }  // namespace quorvel

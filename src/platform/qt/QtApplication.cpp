@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
+#include <QStorageInfo>
+#include <algorithm>
 
 #include "platform/RuntimeError.h"
 #include "platform/qt/Text.h"
@@ -42,6 +44,20 @@ std::string QtApplication::Folder() {
                                                   ": " + PathToBytes(folder));
   }
   return PathToBytes(QDir::toNativeSeparators(folder));
+}
+
+std::vector<std::string> QtApplication::Drives() {
+  std::vector<std::string> drives;
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    // What the system mounts for itself (/proc, /sys ...) holds no files of the user.
+    const bool system = volume.device().isEmpty() || !volume.device().contains('/');
+    if (volume.isRoot() || (volume.isValid() && volume.isReady() && !system)) {
+      drives.push_back(PathToBytes(QDir::toNativeSeparators(volume.rootPath())));
+    }
+  }
+  std::sort(drives.begin(), drives.end());
+  drives.erase(std::unique(drives.begin(), drives.end()), drives.end());
+  return drives;
 }
 
 char QtApplication::PathSeparator() const {

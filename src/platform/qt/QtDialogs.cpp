@@ -72,7 +72,9 @@ std::optional<quorvel::Font> QtDialogs::ChooseFont(const quorvel::Font& present)
 
 bool QtDialogs::ChoosePrinter() {
   QPrintDialog dialog(&printer_.Current());
-  return IsAgreed(dialog, "PrinterDialog");
+  if (!IsAgreed(dialog, "PrinterDialog")) return false;
+  printer_.TakeChoice();
+  return true;
 }
 
 }  // namespace quorvel

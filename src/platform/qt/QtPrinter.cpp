@@ -2,11 +2,14 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFileInfo>
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPrinterInfo>
 #include <QStandardPaths>
 #include <algorithm>
+#include <utility>
 
 #include "platform/RuntimeError.h"
 #include "platform/qt/Looks.h"
@@ -20,15 +23,17 @@ constexpr double kSmallestPoints = 4;
 constexpr int kUsualColumns = 80;
 constexpr std::size_t kTab = 8;  // columns from one tab stop to the next
 
-// A name that no document has yet.
-QString NewPdfName() {
-  QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  if (folder.isEmpty() || !QDir().mkpath(folder)) folder = QDir::tempPath();
-  const QString stem =
-      folder + "/quorvel-" + QDateTime::currentDateTime().toString("yyyyMMdd-hhmmss");
+// The name, or the next one with a number that no file has yet.
+QString FreeName(const QString& stem) {
   QString name = stem + ".pdf";
   for (int i = 2; QFile::exists(name); ++i) name = stem + '-' + QString::number(i) + ".pdf";
   return name;
+}
+
+QString NewPdfName() {
+  QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  if (folder.isEmpty() || !QDir().mkpath(folder)) folder = QDir::tempPath();
+  return FreeName(folder + "/quorvel-" + QDateTime::currentDateTime().toString("yyyyMMdd-hhmmss"));
 }
 
 std::string WithoutTabs(const std::string& text) {
@@ -56,26 +61,70 @@ QPrinter& QtPrinter::Current() {
   return *printer_;
 }
 
-// Opens a document whose rows have room for at least `columns` characters.
+bool QtPrinter::PrintsToFile() {
+  return QPrinterInfo::availablePrinterNames().isEmpty() ||
+         Current().outputFormat() == QPrinter::PdfFormat;
+}
+
+void QtPrinter::TakeChoice() {
+  chosenFile_ =
+      Current().outputFormat() == QPrinter::PdfFormat ? Current().outputFileName() : QString();
+  chosenFileUsed_ = false;
+}
+
+std::string QtPrinter::DeviceName() {
+  if (!PrintsToFile()) return ToBytes(Current().printerName());
+  return chosenFile_.isEmpty() ? "PDF file" : "PDF file " + PathToBytes(chosenFile_);
+}
+
+void QtPrinter::SetFont(const std::string& name, double size) {
+  font_ = quorvel::Font{name, size};
+}
+
+std::string QtPrinter::FontName() {
+  return ToBytes(QFontInfo(FontFor(kUsualColumns, 0)).family());
+}
+
+double QtPrinter::FontSize() {
+  return QFontInfo(FontFor(kUsualColumns, 0)).pointSizeF();
+}
+
+// The font of the program; without one, the biggest of usual size that has `columns` in `width`.
+QFont QtPrinter::FontFor(int columns, double width) {
+  if (font_) return ToQFont(*font_);
+  double points = kPoints;
+  QFont font = ToQFont({"Courier New", points});
+  while (width > 0 && points > kSmallestPoints &&
+         QFontMetricsF(font, &Current()).horizontalAdvance('M') * columns > width) {
+    points -= 0.5;
+    font = ToQFont({"Courier New", points});
+  }
+  return font;
+}
+
+// Opens a document whose rows have room for at least `columns` characters, unless the program has
+// chosen a font.
 void QtPrinter::Begin(int columns) {
   if (painter_) return;
   QPrinter& printer = Current();
   printer.setDocName(QStringLiteral("Quorvel GUI"));
-  if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+  if (PrintsToFile()) {
+    // A document never replaces the one before it.
+    const QFileInfo chosen(chosenFile_);
+    const QString again = chosen.path() + '/' + chosen.completeBaseName();
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(NewPdfName());
+    printer.setOutputFileName(chosenFile_.isEmpty() ? NewPdfName()
+                              : chosenFileUsed_     ? FreeName(again)
+                                                    : chosenFile_);
+    chosenFileUsed_ = true;
   }
   auto painter = std::make_unique<QPainter>();
   if (!painter->begin(&printer)) throw RuntimeError(Failure::PrinterError);
   const double width = printer.pageRect(QPrinter::DevicePixel).width();
-  double points = kPoints;
-  double advance = 0;
-  do {
-    painter->setFont(ToQFont({"Courier New", points}));
-    advance = QFontMetricsF(painter->font(), &printer).horizontalAdvance('M');
-    points -= 0.5;
-  } while (advance * columns > width && points >= kSmallestPoints);
-  columns_ = std::max(1, static_cast<int>(width / advance));
+  const QFont font = FontFor(columns, width);
+  painter->setFont(font);
+  const double advance = QFontMetricsF(font, &printer).horizontalAdvance('M');
+  columns_ = std::max(1, static_cast<int>(width / std::max(advance, 1.0)));
   painter_ = std::move(painter);
   y_ = 0;
 }
@@ -129,11 +178,13 @@ void QtPrinter::EndDocument() {
 
 void QtPrinter::PrintScreen(const std::vector<std::string>& lines) {
   EndDocument();
+  const std::optional<quorvel::Font> ofProgram = std::exchange(font_, std::nullopt);
   std::size_t widest = kUsualColumns;
   for (const std::string& line : lines) widest = std::max(widest, line.size());
   Begin(static_cast<int>(widest));
   for (const std::string& line : lines) PrintLine(line);
   EndDocument();
+  font_ = ofProgram;
 }
 
 }  // namespace quorvel

@@ -2,10 +2,12 @@
 
 #include <QPrinter>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Application.h"
+#include "platform/CommonDialogs.h"
 
 class QPainter;
 
@@ -19,12 +21,18 @@ class QtPrinter : public Printer {
   QtPrinter();
   ~QtPrinter() override;
 
+  std::string DeviceName() override;
+  void SetFont(const std::string& name, double size) override;
+  std::string FontName() override;
+  double FontSize() override;
   void PrintText(const std::string& text) override;
   void EndDocument() override;
   void PrintScreen(const std::vector<std::string>& lines) override;
 
   // For the dialog that sets it up.
   QPrinter& Current();
+  // The dialog has set it up: what it says of a file is new.
+  void TakeChoice();
 
  private:
   void Begin(int columns);
@@ -32,6 +40,12 @@ class QtPrinter : public Printer {
   void PrintRow(const std::string& row);
   void NewPage();
 
+  bool PrintsToFile();
+  QFont FontFor(int columns, double width);
+
+  std::optional<Font> font_;  // that of the program; without one, one that fits the columns
+  QString chosenFile_;        // of the dialog
+  bool chosenFileUsed_ = false;
   std::unique_ptr<QPrinter> printer_;
   std::unique_ptr<QPainter> painter_;  // while a document is open
   int columns_ = 0;                    // characters of a row

@@ -25,6 +25,13 @@ QSize CellOf(const QFont& font) {
           std::max(1, static_cast<int>(std::ceil(metrics.height())))};
 }
 
+// The terminal's own name and size stand for those that are not given.
+Font Completed(Font wanted) {
+  if (wanted.name.empty()) wanted.name = "VT220_ascii";
+  if (wanted.size <= 0) wanted.size = kUsualPoints;
+  return wanted;
+}
+
 }  // namespace
 
 TerminalFont::TerminalFont(const Font& font) {
@@ -37,9 +44,12 @@ TerminalFont::TerminalFont(const Font& font) {
   ascent_ = static_cast<int>(std::ceil(QFontMetricsF(plain_.font).ascent()));
 }
 
+TerminalFont TerminalFont::At(Font wanted) {
+  return TerminalFont(Completed(std::move(wanted)));
+}
+
 TerminalFont TerminalFont::Fit(Font wanted, QSize area, int columns, int rows) {
-  if (wanted.name.empty()) wanted.name = "VT220_ascii";
-  if (wanted.size <= 0) wanted.size = kUsualPoints;
+  wanted = Completed(std::move(wanted));
   const auto fits = [&](double points) {
     Font tried = wanted;
     tried.size = points;

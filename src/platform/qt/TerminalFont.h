@@ -21,6 +21,9 @@ class TerminalFont {
   // cells fit into `area`; the smallest there is when nothing fits.
   static TerminalFont Fit(Font wanted, QSize area, int columns, int rows);
 
+  // At its own size.
+  static TerminalFont At(Font wanted);
+
   int CellWidth() const { return cell_.width(); }
   int CellHeight() const { return cell_.height(); }
   int Ascent() const { return ascent_; }

@@ -13,12 +13,6 @@ constexpr std::array<char16_t, 32> kUpperControls = {
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-char16_t UnicodeOf(unsigned char byte) {
-  if (byte < 0x80 || byte > 0x9F) return byte;
-  const char16_t code = kUpperControls[byte - 0x80u];
-  return code ? code : byte;
-}
-
 // Of a character outside the code page: none.
 std::optional<char> ByteOf(char16_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
@@ -36,10 +30,16 @@ bool IsWordCharacter(char c) {
 
 }  // namespace
 
+char16_t ToUnicode(unsigned char byte) {
+  if (byte < 0x80 || byte > 0x9F) return byte;
+  const char16_t code = kUpperControls[byte - 0x80u];
+  return code ? code : byte;
+}
+
 QString ToUnicode(std::string_view bytes) {
   QString text(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    text[static_cast<qsizetype>(i)] = QChar(UnicodeOf(static_cast<unsigned char>(bytes[i])));
+    text[static_cast<qsizetype>(i)] = QChar(ToUnicode(static_cast<unsigned char>(bytes[i])));
   }
   return text;
 }

@@ -10,6 +10,7 @@ namespace quorvel {
 // code page leaves undefined stand for the control characters of the same number, so nothing is
 // lost on the way there and back. NUL stays what it is.
 QString ToUnicode(std::string_view bytes);
+char16_t ToUnicode(unsigned char byte);
 
 // Characters outside the code page become "?".
 std::string ToBytes(const QString& text);

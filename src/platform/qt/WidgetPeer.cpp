@@ -18,13 +18,9 @@ namespace {
 
 // Whether a row of its dialog's layout holds the control, so that the layout places it.
 bool IsLaidOut(Control& control) {
-  for (const LayoutRow& row : control.window().layout()) {
-    if (row.label == &control) return true;
-    if (std::find(row.controls.begin(), row.controls.end(), &control) != row.controls.end()) {
-      return true;
-    }
-  }
-  return false;
+  const Layout& rows = control.window().layout();
+  return std::any_of(rows.begin(), rows.end(),
+                     [&control](const LayoutRow& row) { return row.Holds(control); });
 }
 
 bool IsOnHiddenPage(Control& control) {
