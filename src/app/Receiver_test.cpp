@@ -242,7 +242,9 @@ TEST_F(ReceiverTest, CaptureTakesEveryBlockWithoutAMark) {
 
   Session().CaptureFile = folder.Path();  // can't be written
   Deliver("d");
-  EXPECT_EQ(BoxTexts(), Texts{"Run-time error '75':\n\nPath/File access error"});
+  Deliver("e");
+  EXPECT_EQ(BoxTexts(), Texts{"The report can't be written to " + folder.Path() +
+                              "\n\nIs a directory\n\nParts of it will be missing."});
   EXPECT_EQ(Session().PendingOp, "Capture");
 }
 

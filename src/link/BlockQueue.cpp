@@ -11,12 +11,13 @@ struct Cut {
 };
 
 // Where the block that begins `text` ends.
-Cut FindCut(std::string_view text, bool frameOpen, char mark) {
+Cut FindCut(std::string_view text, bool frameOpen, char mark, BlockQueue::TextAhead ahead) {
   const std::size_t longest = std::min(text.size(), BlockQueue::kLongestBlock);
   std::size_t from = 0;
   if (!frameOpen) {
     const auto opening = text.substr(0, longest).find(mark);
     if (opening == std::string_view::npos) return {longest, longest};
+    if (opening > 0 && ahead == BlockQueue::TextAhead::Alone) return {opening, opening};
     from = opening + 1;
   }
   const auto closing = text.substr(0, longest).find(mark, from);
@@ -41,9 +42,9 @@ void BlockQueue::Clear() {
   size_ = 0;
 }
 
-std::string BlockQueue::Take(bool frameOpen, char mark) {
+std::string BlockQueue::Take(bool frameOpen, char mark, TextAhead ahead) {
   const std::string& read = reads_.front();
-  const Cut cut = FindCut(std::string_view(read).substr(at_), frameOpen, mark);
+  const Cut cut = FindCut(std::string_view(read).substr(at_), frameOpen, mark, ahead);
   std::string block = read.substr(at_, cut.block);
   at_ += cut.used;
   size_ -= cut.used;

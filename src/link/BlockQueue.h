@@ -20,9 +20,12 @@ class BlockQueue {
   std::size_t Size() const { return size_; }  // characters waiting
   void Clear();
 
+  // What stands ahead of a frame in the same read: part of the frame's block, or one of its own.
+  enum class TextAhead { WithTheFrame, Alone };
+
   // The next block. `frameOpen` tells, at this moment, whether the receiver is inside a frame;
   // `mark` is the frame mark in force. The queue must not be empty.
-  std::string Take(bool frameOpen, char mark);
+  std::string Take(bool frameOpen, char mark, TextAhead ahead = TextAhead::WithTheFrame);
 
  private:
   std::deque<std::string> reads_;

@@ -1,11 +1,15 @@
 #include "link/CaptureMessages.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
+#include <system_error>
 
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
+#include "platform/controls/Desktop.h"
 
 namespace quorvel {
 namespace {
@@ -27,6 +31,7 @@ void TakeCaptureOn() {
   SessionState& s = Session();
   Ask().EnableSessionWindows(false);
   s.PendingOp = "Capture";
+  s.CaptureFailureTold = false;
   s.CaptureCommand = EmptyIfBlank(FieldOf(s.HostMessage, FS, 2));
   s.CaptureStrip = EmptyIfBlank(FieldOf(s.HostMessage, FS, 3));
   const std::string fax = FieldOf(s.HostMessage, FS, 4);
@@ -35,6 +40,22 @@ void TakeCaptureOn() {
   }
   std::error_code ignored;
   std::filesystem::remove(s.CaptureFile, ignored);
+}
+
+void AppendToCapture(std::string_view block) {
+  SessionState& s = Session();
+  errno = 0;
+  std::ofstream file(s.CaptureFile, std::ios::binary | std::ios::app);
+  file.write(block.data(), static_cast<std::streamsize>(block.size()));
+  file.close();
+  if (file || s.CaptureFailureTold) return;
+  s.CaptureFailureTold = true;
+  const int reason = errno;
+  desktop().MsgBox("The report can't be written to " + s.CaptureFile + "\n\n" +
+                       (reason != 0 ? std::generic_category().message(reason)
+                                    : std::string(FailureText(Failure::PathFileAccess))) +
+                       "\n\nParts of it will be missing.",
+                   MessageBoxStyle::kExclamation);
 }
 
 void TakeCaptureOff() {

@@ -1,7 +1,6 @@
 #include "link/Receiver.h"
 
-#include <fstream>
-
+#include "link/CaptureMessages.h"
 #include "link/Dispatcher.h"
 #include "link/HandOvers.h"
 #include "link/Marks.h"
@@ -62,16 +61,10 @@ bool SendLoginKeys(std::string&) {
   return true;
 }
 
-// The file is opened and closed for every block, so that a report is whole up to its last block
-// whatever happens next.
 bool Capture(std::string& data) {
-  SessionState& s = Session();
+  const SessionState& s = Session();
   if (!s.CaptureStrip.empty()) SwapAll(s.CaptureStrip, "", data);
-  std::ofstream file(s.CaptureFile, std::ios::binary | std::ios::app);
-  if (!file) throw RuntimeError(Failure::PathFileAccess);
-  file.write(data.data(), static_cast<std::streamsize>(data.size()));
-  file.close();
-  if (!file) throw RuntimeError(Failure::DiskFull);
+  AppendToCapture(data);
   return true;
 }
 

@@ -25,10 +25,11 @@ struct SessionState {
   std::string PendingOp;        // what the link is waiting for; empty when idle
   std::string LoginUser;        // what the login scanner sends
   std::string LoginPassword;
-  Flag PassThroughPrint = kFalse;  // on while the host prints through the terminal
-  std::string CaptureFile;         // path of the file that reports are captured in
-  std::string CaptureCommand;      // export command of the capture
-  std::string CaptureStrip;        // text removed from every captured block
+  Flag PassThroughPrint = kFalse;   // on while the host prints through the terminal
+  std::string CaptureFile;          // path of the file that reports are captured in
+  bool CaptureFailureTold = false;  // of this capture: one box is enough
+  std::string CaptureCommand;       // export command of the capture
+  std::string CaptureStrip;         // text removed from every captured block
 
   // --- requests and replies
   std::string OptionId;     // the option being run
@@ -108,6 +109,7 @@ struct SessionState {
   std::int16_t AutoSize = 1;
   std::int16_t ForceOff = 0;
   std::int16_t QuickExit = 0;
+  std::int16_t CutAtFrames = 0;  // 1: text ahead of a frame is a block of its own
   std::int16_t AllowPrint = 0;
   std::string DefaultPrintFont;
   double DefaultPrintFontSize = 0;

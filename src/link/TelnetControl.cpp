@@ -75,7 +75,9 @@ void TelnetControl::DeliverBlock() {
   posted_ = false;
   std::string block;
   if (!blocks_.IsEmpty()) {
-    block = blocks_.Take(Session().FrameStart != 0, FrameMark());
+    const auto ahead = Session().CutAtFrames == 1 ? BlockQueue::TextAhead::Alone
+                                                  : BlockQueue::TextAhead::WithTheFrame;
+    block = blocks_.Take(Session().FrameStart != 0, FrameMark(), ahead);
     if (blocks_.Size() < kGoOnBelow) telnet_.SetReading(true);
   } else if (ended_) {
     ended_ = false;

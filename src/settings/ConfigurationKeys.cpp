@@ -82,6 +82,7 @@ void AddTelnet(KeyTable& t) {
   t.Add("AutoSize", "1", &S::AutoSize, Saved::Yes);
   t.Add("ForceOff", "0", &S::ForceOff, Saved::No);
   t.Add("QuickExit", "1", &S::QuickExit, Saved::No);
+  t.Add("CutAtFrames", "0", &S::CutAtFrames, Saved::No);
   t.Add("AllowPrint", "1", &S::AllowPrint, Saved::No);
   t.Add("DefaultPrintFont", "Courier New", &S::DefaultPrintFont, Saved::No);
   t.Add(

@@ -53,6 +53,7 @@ std::vector<Key> Keys() {
       {"TELNET", "AutoSize", "1", Number(&S::AutoSize), "0", kSaved},
       {"TELNET", "ForceOff", "0", Number(&S::ForceOff), "1", kByHand},
       {"TELNET", "QuickExit", "1", Number(&S::QuickExit), "0", kByHand},
+      {"TELNET", "CutAtFrames", "0", Number(&S::CutAtFrames), "1", kByHand},
       {"TELNET", "AllowPrint", "1", Number(&S::AllowPrint), "0", kByHand},
       {"TELNET", "DefaultPrintFont", "Courier New", Text(&S::DefaultPrintFont), "Mono", kByHand},
       {"TELNET", "DefaultPrintFontSize", "10",

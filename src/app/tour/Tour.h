@@ -47,5 +47,7 @@ class Tour : public QObject {
 std::vector<TourStep> TourSteps(QtBackend& backend);
 // Those on its customer screen, from the open screen until it is left.
 std::vector<TourStep> ScreenSteps(QtBackend& backend);
+// A report in the viewer, from the main menu and back.
+std::vector<TourStep> OutputSteps(QtBackend& backend);
 
 }  // namespace quorvel

@@ -118,6 +118,7 @@ std::unique_ptr<WindowPeer> HeadlessBackend::MakePeer(Window& window) {
 }
 
 void HeadlessBackend::ServeToolkit(Serve serve) {
+  if (serve != Serve::Waiting && onPaint) onPaint();
   if (serve != Serve::Waiting || (onIdle && onIdle())) return;
   stalled = true;
   desktop().EndProcess();

@@ -60,6 +60,7 @@ class HeadlessBackend : public Backend,
   std::function<std::optional<std::string>(const FileDialog&)> onFileDialog;  // default: cancel
   std::function<void(MenuItem&)> onPopUp;
   std::function<void(const std::string& commandLine, ProgramWindow)> onStart;
+  std::function<void()> onPaint;  // the toolkit is told to paint
   // Called while a wait has nothing to serve: lets the far side act. True when something came of
   // it. When nothing does, nothing ever will: the process ends and `stalled` tells.
   std::function<bool()> onIdle;

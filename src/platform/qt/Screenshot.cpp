@@ -10,6 +10,7 @@ namespace {
 
 constexpr int kTitleHeight = 24;  // pixels
 constexpr QRgb kFrame = 0xff455a64;
+constexpr QRgb kDesk = 0xffb0bec5;
 
 bool IsMenu(const QWidget& window) {
   return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip;
@@ -33,18 +34,30 @@ void DrawFrame(QPainter& painter, const QRect& place, const QString& title) {
 }  // namespace
 
 QPixmap PictureOfAll(QWidget& shell) {
-  QPixmap picture = shell.grab();
-  QPainter painter(&picture);
-  painter.setFont(QApplication::font());
+  const QPoint corner = shell.mapToGlobal(QPoint(0, 0));
+  const auto placeOf = [&corner](const QWidget& window) {
+    return QRect(window.mapToGlobal(QPoint(0, 0)) - corner, window.size());
+  };
   QWidgetList above;
+  QRect whole = shell.rect();
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window != &shell && window->isVisible() && !window->size().isEmpty()) above << window;
+    if (window == &shell || !window->isVisible() || window->size().isEmpty()) continue;
+    above << window;
+    whole |= placeOf(*window).adjusted(-1, -kTitleHeight, 1, 1);
   }
   std::stable_sort(above.begin(), above.end(),
                    [](const QWidget* a, const QWidget* b) { return Height(*a) < Height(*b); });
-  const QPoint corner = shell.mapToGlobal(QPoint(0, 0));
+  const QPixmap first = shell.grab();
+  const double ratio = first.devicePixelRatio();
+  QPixmap picture(whole.size() * ratio);
+  picture.setDevicePixelRatio(ratio);
+  picture.fill(QColor(kDesk));
+  QPainter painter(&picture);
+  painter.translate(-whole.topLeft());
+  painter.setFont(QApplication::font());
+  painter.drawPixmap(QPoint(0, 0), first);
   for (QWidget* window : above) {
-    const QRect place(window->mapToGlobal(QPoint(0, 0)) - corner, window->size());
+    const QRect place = placeOf(*window);
     painter.drawPixmap(place.topLeft(), window->grab());
     if (!IsMenu(*window)) DrawFrame(painter, place, window->windowTitle());
   }
