@@ -12,6 +12,7 @@
 
 #include "demohost/Arguments.h"
 #include "demohost/Picture.h"
+#include "demohost/Record.h"
 #include "demohost/SocketServer.h"
 
 namespace {
@@ -62,10 +63,26 @@ void ShipPicture(Application& application, const std::string& dataFile) {
     application.SetPictureFile(QDir::toNativeSeparators(file.fileName()).toStdString());
 }
 
+// The sample's desktop command starts a calculator. Which one there is depends on the desktop:
+// where nobody has fitted the command by hand, it becomes the first that is installed.
+void FitDesktopCommand(Application& application) {
+  constexpr int kDesktopCommand = 2;
+  auto record = application.Data().Read("PARM", "WORKSTATION").value_or("");
+  if (Attribute(record, kDesktopCommand) != "calc.exe") return;
+  for (const char* name : {"calc.exe", "gnome-calculator", "kcalc", "mate-calc", "galculator",
+                           "qalculate-gtk", "qalculate-qt", "xcalc"}) {
+    if (QStandardPaths::findExecutable(QString::fromLatin1(name)).isEmpty()) continue;
+    SetAttribute(record, kDesktopCommand, name);
+    application.Data().Write("PARM", "WORKSTATION", record);
+    return;
+  }
+}
+
 int Serve(QCoreApplication& program, const Arguments& arguments) {
   const auto dataFile = DataFile(arguments);
   Application application(dataFile, Now, arguments.reset);
   ShipPicture(application, dataFile);
+  FitDesktopCommand(application);
 
   SocketServer server(application);
   if (!server.Listen(arguments.port)) {

@@ -259,11 +259,21 @@ TEST_F(ReceiverTest, PassThroughPrint) {
   EXPECT_EQ(backend.documentsEnded, 0);
   backend.printerFails = true;
   Deliver("lost");
-  EXPECT_EQ(BoxTexts(), Texts{"Run-time error '482':\n\nPrinter error"});
+  Deliver("lost too");
+  Deliver(FrameOf({"~STARTPRINT~"}));  // changes nothing
+  Deliver("and this");
+  EXPECT_EQ(BoxTexts(), Texts{"Run-time error '482':\n\nPrinter error"});  // one box a job
   Deliver(FrameOf({"~STOPPRINT~"}));
   EXPECT_EQ(backend.documentsEnded, 1);
   Deliver("three");
   EXPECT_EQ(terminal, "headthree");
+  // The next job tells it again, and a printer that is back prints what comes then.
+  Deliver(FrameOf({"~STARTPRINT~"}));
+  Deliver("lost");
+  EXPECT_EQ(BoxTexts().size(), 2u);
+  backend.printerFails = false;
+  Deliver("back");
+  EXPECT_EQ(backend.printed.back(), "back");
 }
 
 }  // namespace

@@ -212,6 +212,22 @@ TEST_F(TerminalTest, OtherEntries) {
   }
 }
 
+// Media copy (VT220): CSI 5 i to CSI 4 i goes to the printer, in as many pieces as come.
+TEST_F(TerminalTest, WhatTheTerminalPrints) {
+  LogIn();
+  Deliver("\x1B[5ione\r\ntwo\r\n");
+  Deliver("three\x1B[4ishown");
+  EXPECT_EQ(backend.printed, (Texts{"one\r\ntwo\r", "three"}));  // the printer ends lines itself
+  EXPECT_EQ(backend.documentsEnded, 1);
+  EXPECT_TRUE(ScreenShows("shown"));
+  backend.printerFails = true;
+  const std::string box = "Run-time error '482':\n\nPrinter error";
+  for (const std::size_t boxes : {1u, 2u}) {  // one for each printing
+    for (const char* piece : {"\x1B[5ia", "b", "c\x1B[4i"}) Deliver(piece);
+    EXPECT_EQ(BoxTexts(), Texts(boxes, box));
+  }
+}
+
 // --- the end of a session
 
 TEST_F(TerminalTest, ClosingAsksTheHostOrClosesTheLink) {

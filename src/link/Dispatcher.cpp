@@ -136,6 +136,7 @@ void TakeStartPrint() {
 
 void TakeStopPrint() {
   Session().PassThroughPrint = kFalse;
+  Session().PrintFailureTold = false;
   desktop().backend().printer().EndDocument();
 }
 

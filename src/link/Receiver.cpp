@@ -1,5 +1,7 @@
 #include "link/Receiver.h"
 
+#include <utility>
+
 #include "link/CaptureMessages.h"
 #include "link/Dispatcher.h"
 #include "link/HandOvers.h"
@@ -81,13 +83,23 @@ constexpr PendingStep kPendingSteps[] = {
     {"Capture", Capture},
 };
 
+// A printer that fails would fail for every block of what the host prints: one box is enough.
+void PrintThrough(const std::string& data) {
+  bool& told = Session().PrintFailureTold;
+  try {
+    desktop().backend().printer().PrintText(data);
+  } catch (const RuntimeError&) {
+    if (!std::exchange(told, true)) throw;
+  }
+}
+
 void TakePlainBlock(std::string& data) {
   for (const PendingStep& row : kPendingSteps) {
     if (row.pendingOp == Session().PendingOp && row.step(data)) return;
     if (row.pendingOp == Session().PendingOp) break;
   }
   if (Session().PassThroughPrint == kTrue) {
-    desktop().backend().printer().PrintText(data);
+    PrintThrough(data);
   } else {
     Ask().WriteTerminal(data);
   }

@@ -26,6 +26,7 @@ struct SessionState {
   std::string LoginUser;        // what the login scanner sends
   std::string LoginPassword;
   Flag PassThroughPrint = kFalse;   // on while the host prints through the terminal
+  bool PrintFailureTold = false;    // of this printing: one box is enough
   std::string CaptureFile;          // path of the file that reports are captured in
   bool CaptureFailureTold = false;  // of this capture: one box is enough
   std::string CaptureCommand;       // export command of the capture

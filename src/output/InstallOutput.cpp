@@ -4,6 +4,8 @@
 #include "output/PrintReport.h"
 #include "output/RunExport.h"
 #include "output/frmExpParm.h"
+#include "output/frmFaxSettings.h"
+#include "output/frmImage.h"
 #include "output/frmReport.h"
 #include "platform/controls/Desktop.h"
 
@@ -18,10 +20,20 @@ void InstallReports() {
   ask.ChoosePrinter = ChoosePrinter;
 }
 
+void InstallImages() {
+  Ask().ShowImage = [] { Form<frmImage>().Show(); };
+}
+
+void InstallFax() {
+  Ask().ShowFaxSettings = [] { Form<frmFaxSettings>().ShowModal(); };
+}
+
 }  // namespace
 
 void InstallOutput() {
   InstallReports();
+  InstallImages();
+  InstallFax();
 }
 
 }  // namespace quorvel

@@ -9,6 +9,7 @@
 #include "link/SessionState.h"
 #include "output/PrintReport.h"
 #include "output/RunExport.h"
+#include "output/frmFax.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"
 
@@ -74,6 +75,7 @@ frmReport::frmReport() : Window(Kind::Dialog, "frmReport") {
     RunExport(settings_decide);
   };
   mnuFileExit.Click = [this] { Unload(); };
+  mnuSendFax.Click = [] { Form<frmFax>().ShowModal(); };
   mnuOptExp.Click = [] { Ask().ShowExportParameters(); };
   mnuOptFax.Click = [] { Ask().ShowFaxSettings(); };
 }

@@ -17,6 +17,8 @@ class Application {
   virtual char PathSeparator() const = 0;
   // The drives and mounted volumes, each as the path of its topmost folder.
   virtual std::vector<std::string> Drives() = 0;
+  // Today as the system writes a date in its short form.
+  virtual std::string ShortDate() = 0;
   // Configuration that the command line named; empty for none.
   virtual std::string CommandLine() const = 0;
   // The title of message boxes, and the name under which other copies can find this one.
@@ -62,8 +64,8 @@ class Printer {
   // What the printer really took.
   virtual std::string FontName() = 0;
   virtual double FontSize() = 0;
-  // Prints one text and ends the line; line ends inside the text count too. Opens a document if
-  // none is open.
+  // Prints one text and ends the line; line ends inside the text, at its end too, count besides.
+  // Opens a document if none is open. Without a printer it fails with a text that says so.
   virtual void PrintText(const std::string& text) = 0;
   // Ends the open document, so that its last page comes out; nothing if none is open.
   virtual void EndDocument() = 0;

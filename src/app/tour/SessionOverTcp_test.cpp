@@ -1,6 +1,6 @@
 // A session over TCP, the real windows offscreen: login, menus, an option, the terminal, back, a
-// data-entry screen with its lists, lookups and help, log-off, a second session, and the loss of
-// its link.
+// data-entry screen with its lists, lookups and help, a picture, the fax dialogs, log-off, a second
+// session, and the loss of its link.
 
 #include <QApplication>
 #include <QProcess>
@@ -96,7 +96,9 @@ TEST(SessionOverTcp, TwoSessionsScreensAndALostLink) {
       {"", [] { return MenuShows("Main Menu"); }, [&] { host.Stop(); }},
       {"", [] { return SessionOver(); }, nullptr},
   };
-  for (const TourStep& step : ScreenSteps(backend)) steps.push_back({"", step.ready, step.act});
+  for (const auto& part : {ScreenSteps(backend), ImageAndFaxSteps(backend)}) {
+    for (const TourStep& step : part) steps.push_back({"", step.ready, step.act});
+  }
   steps.insert(steps.end(), end.begin(), end.end());
   Tour tour(backend, folder.path().toStdString(), steps);
   desktop.Post(EventKind::Program, [] { Main(); });

@@ -5,7 +5,9 @@
 
 #include "platform/Application.h"
 #include "platform/CommonDialogs.h"
+#include "platform/Fax.h"
 #include "platform/MessageBox.h"
+#include "platform/Pictures.h"
 #include "platform/controls/Window.h"
 #include "platform/telnet/Transport.h"
 
@@ -46,6 +48,8 @@ class Backend {
   virtual Clipboard& clipboard() = 0;
   virtual Printer& printer() = 0;
   virtual Programs& programs() = 0;
+  virtual PictureReader& pictures() = 0;
+  virtual FaxService& fax() = 0;
   virtual std::unique_ptr<Transport> MakeTransport() = 0;
 };
 

@@ -52,6 +52,7 @@ enum class ControlKind {
   Frame,
   Panel,
   PictureBox,
+  ImageBox,
   TabStrip,
   Elastic,
   Terminal,

@@ -63,9 +63,18 @@ void Terminal::Write(std::string_view bytes) {
 }
 
 void Terminal::PrintCollected() {
-  Printer& printer = desktop().backend().printer();
-  if (!toPrint_.empty()) printer.PrintText(std::exchange(toPrint_, {}));
-  if (std::exchange(endPrint_, false)) printer.EndDocument();
+  const std::string text = std::exchange(toPrint_, {});
+  const bool ends = std::exchange(endPrint_, false);
+  const bool told = std::exchange(printFailureTold_, printFailureTold_ && !ends);
+  try {
+    Printer& printer = desktop().backend().printer();
+    // The printer ends the last line itself.
+    if (!text.empty()) printer.PrintText(text.substr(0, text.size() - text.ends_with('\n')));
+    if (ends) printer.EndDocument();
+  } catch (const RuntimeError&) {
+    printFailureTold_ = !ends;
+    if (!told) throw;  // one box is enough for what is printed in many pieces
+  }
 }
 
 std::vector<std::string> Terminal::ScreenLines() const {

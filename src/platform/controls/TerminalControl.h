@@ -70,6 +70,7 @@ class Terminal : public Control {
   // Media copy of one Write: printed after it, so that a printer's failure can't cut the output.
   std::string toPrint_;
   bool endPrint_ = false;
+  bool printFailureTold_ = false;  // of what is being printed
 };
 
 }  // namespace quorvel

@@ -174,6 +174,39 @@ void HeadlessBackend::PrintScreen(const std::vector<std::string>& screenLines) {
   EndDocument();
 }
 
+namespace {
+
+// Nothing but a size.
+class HeadlessPicture : public Picture {
+ public:
+  HeadlessPicture(int width, int height) : width_(width), height_(height) {}
+  int Width() const override { return width_; }
+  int Height() const override { return height_; }
+  std::shared_ptr<const Picture> Scaled(int width, int height) const override {
+    if (width < 1 || height < 1) throw RuntimeError(Failure::InvalidCall);
+    return std::make_shared<HeadlessPicture>(width, height);
+  }
+
+ private:
+  const int width_;
+  const int height_;
+};
+
+}  // namespace
+
+std::shared_ptr<const Picture> HeadlessBackend::ReadPicture(const std::string& path) {
+  picturesRead.push_back(path);
+  const auto found = pictureFiles.find(path);
+  if (found == pictureFiles.end()) throw RuntimeError(Failure::FileNotFound);
+  return std::make_shared<HeadlessPicture>(found->second.first, found->second.second);
+}
+
+void HeadlessBackend::SendFax(const FaxJob& job, std::int32_t& result, std::string& message,
+                              std::int32_t&) {
+  faxes.push_back(job);
+  if (onFax) onFax(result, message);
+}
+
 void HeadlessBackend::Start(const std::string& command, ProgramWindow window) {
   if (onStart) onStart(command, window);
   started.emplace_back(command, window);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,7 +42,9 @@ class HeadlessBackend : public Backend,
                         private CommonDialogs,
                         private Clipboard,
                         private Printer,
-                        private Programs {
+                        private Programs,
+                        private PictureReader,
+                        private FaxService {
  public:
   HeadlessBackend();
   ~HeadlessBackend() override;
@@ -53,6 +56,11 @@ class HeadlessBackend : public Backend,
   std::vector<std::string> drives{std::filesystem::current_path().root_path().string()};
   ScreenMetrics screen{19200, 12000, 15};
   bool printerFails = false;
+  std::string shortDate = "2026-11-23";
+  // The picture files there are, by path: width and height in pixels.
+  std::map<std::string, std::pair<int, int>> pictureFiles;
+  // Answers a fax; by default it is accepted. It may throw.
+  std::function<void(std::int32_t& result, std::string& message)> onFax;
   bool choosesPrinter = false;  // what the user answers in the printer dialog
   std::string printerFont;      // the only one the printer has; empty: it has all
   // Answers a message box; by default the first button. It may serve events first.
@@ -74,6 +82,8 @@ class HeadlessBackend : public Backend,
   std::vector<MousePointer> pointers;
   std::vector<std::string> activatedCopies;
   std::vector<std::pair<std::string, ProgramWindow>> started;
+  std::vector<std::string> picturesRead;  // paths, also of files that are not there
+  std::vector<FaxJob> faxes;
   std::string clipboardText;
   std::vector<std::shared_ptr<HeadlessLine>> lines;  // connections opened, oldest first
   bool ended = false;
@@ -97,12 +107,15 @@ class HeadlessBackend : public Backend,
   Clipboard& clipboard() override { return *this; }
   Printer& printer() override { return *this; }
   Programs& programs() override { return *this; }
+  PictureReader& pictures() override { return *this; }
+  FaxService& fax() override { return *this; }
   std::unique_ptr<Transport> MakeTransport() override;
 
  private:
   std::string Folder() override { return folder; }
   char PathSeparator() const override;
   std::vector<std::string> Drives() override { return drives; }
+  std::string ShortDate() override { return shortDate; }
   std::string CommandLine() const override { return commandLine; }
   std::string Title() const override { return title_; }
   void SetTitle(const std::string& title) override { title_ = title; }
@@ -123,6 +136,9 @@ class HeadlessBackend : public Backend,
   void EndDocument() override { ++documentsEnded; }
   void PrintScreen(const std::vector<std::string>& screenLines) override;
   void Start(const std::string& command, ProgramWindow window) override;
+  std::shared_ptr<const Picture> ReadPicture(const std::string& path) override;
+  void SendFax(const FaxJob& job, std::int32_t& result, std::string& message,
+               std::int32_t& extra) override;
 
   std::string title_ = "Quorvel GUI";
   std::string fontName_;

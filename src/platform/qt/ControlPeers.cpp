@@ -1,5 +1,6 @@
 #include "platform/qt/ControlPeers.h"
 
+#include "platform/controls/ImageBox.h"
 #include "platform/controls/Lists.h"
 #include "platform/controls/ReportView.h"
 #include "platform/controls/SimpleControls.h"
@@ -56,6 +57,8 @@ std::unique_ptr<ControlPeer> MakeControlPeer(Control& control, QWidget* inside) 
       return MakeHolder(control, parent);
     case ControlKind::PictureBox:
       return MakePicture(static_cast<PictureBox&>(control), parent);
+    case ControlKind::ImageBox:
+      return MakeImage(static_cast<ImageBox&>(control), parent);
     case ControlKind::TabStrip:
       return MakeTabStrip(static_cast<TabStrip&>(control), parent);
     case ControlKind::Terminal:

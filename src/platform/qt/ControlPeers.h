@@ -11,6 +11,7 @@ namespace quorvel {
 class Button;
 class CheckBox;
 class ComboBox;
+class ImageBox;
 class Label;
 class ListBox;
 class ListView;
@@ -34,6 +35,7 @@ std::unique_ptr<WidgetPeer> MakeOptionButton(OptionButton& option, QWidget* pare
 std::unique_ptr<WidgetPeer> MakeFrame(Control& frame, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeHolder(Control& holder, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakePicture(PictureBox& box, QWidget* parent);
+std::unique_ptr<WidgetPeer> MakeImage(ImageBox& box, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeTextBox(TextBox& box, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeComboBox(ComboBox& combo, QWidget* parent);
 std::unique_ptr<WidgetPeer> MakeListBox(ListBox& list, QWidget* parent);

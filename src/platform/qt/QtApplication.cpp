@@ -1,7 +1,9 @@
 #include "platform/qt/QtApplication.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QStorageInfo>
 #include <algorithm>
@@ -58,6 +60,10 @@ std::vector<std::string> QtApplication::Drives() {
   std::sort(drives.begin(), drives.end());
   drives.erase(std::unique(drives.begin(), drives.end()), drives.end());
   return drives;
+}
+
+std::string QtApplication::ShortDate() {
+  return ToBytes(QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat));
 }
 
 char QtApplication::PathSeparator() const {

@@ -22,6 +22,7 @@ class QtApplication : public Application {
   std::string Folder() override;
   char PathSeparator() const override;
   std::vector<std::string> Drives() override;
+  std::string ShortDate() override;
   std::string CommandLine() const override { return commandLine_; }
   std::string Title() const override { return title_; }
   void SetTitle(const std::string& title) override { title_ = title; }

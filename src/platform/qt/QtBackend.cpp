@@ -14,7 +14,9 @@
 #include "platform/qt/Pictures.h"
 #include "platform/qt/QtApplication.h"
 #include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtFax.h"
 #include "platform/qt/QtMessageBox.h"
+#include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtPrograms.h"
 #include "platform/qt/QtTransport.h"
@@ -59,6 +61,8 @@ struct QtBackend::Services {
   QtDialogs dialogs;
   QtClipboard clipboard;
   QtPrograms programs;
+  QtPictures pictures;
+  QtFax fax;
 };
 
 QtBackend::QtBackend(int argc, char** argv) : argc_(argc), app_(argc_, argv) {
@@ -195,6 +199,12 @@ Printer& QtBackend::printer() {
 }
 Programs& QtBackend::programs() {
   return services_->programs;
+}
+PictureReader& QtBackend::pictures() {
+  return services_->pictures;
+}
+FaxService& QtBackend::fax() {
+  return services_->fax;
 }
 std::unique_ptr<Transport> QtBackend::MakeTransport() {
   return std::make_unique<QtTransport>();

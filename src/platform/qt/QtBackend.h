@@ -51,6 +51,8 @@ class QtBackend : public Backend {
   Clipboard& clipboard() override;
   Printer& printer() override;
   Programs& programs() override;
+  PictureReader& pictures() override;
+  FaxService& fax() override;
   std::unique_ptr<Transport> MakeTransport() override;
 
  private:

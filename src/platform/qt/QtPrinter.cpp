@@ -67,6 +67,7 @@ bool QtPrinter::PrintsToFile() {
 }
 
 void QtPrinter::TakeChoice() {
+  chosen_ = true;
   chosenFile_ =
       Current().outputFormat() == QPrinter::PdfFormat ? Current().outputFileName() : QString();
   chosenFileUsed_ = false;
@@ -152,13 +153,13 @@ void QtPrinter::PrintLine(const std::string& line) {
 }
 
 void QtPrinter::PrintText(const std::string& text) {
+  RequirePrinter();
   Begin(kUsualColumns);
   std::string line;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
     if (c == '\n') {
       PrintLine(std::exchange(line, {}));
-      if (i + 1 == text.size()) return;  // the end of the text ends no further line
     } else if (c == '\f') {
       if (!line.empty()) PrintLine(std::exchange(line, {}));
       if (y_ > 0) NewPage();
@@ -168,6 +169,14 @@ void QtPrinter::PrintText(const std::string& text) {
     }
   }
   PrintLine(line);
+}
+
+// Text of the host goes to a printer, or to the file that the user has chosen: not to a file of
+// which nobody knows.
+void QtPrinter::RequirePrinter() {
+  if (painter_ || chosen_ || !QPrinterInfo::availablePrinterNames().isEmpty()) return;
+  throw RuntimeError(Failure::PrinterError,
+                     "There is no printer. Set one up, or choose a PDF file with Printer Setup.");
 }
 
 void QtPrinter::EndDocument() {

@@ -41,9 +41,11 @@ class QtPrinter : public Printer {
   void NewPage();
 
   bool PrintsToFile();
+  void RequirePrinter();
   QFont FontFor(int columns, double width);
 
   std::optional<Font> font_;  // that of the program; without one, one that fits the columns
+  bool chosen_ = false;       // the user has set the printer up
   QString chosenFile_;        // of the dialog
   bool chosenFileUsed_ = false;
   std::unique_ptr<QPrinter> printer_;

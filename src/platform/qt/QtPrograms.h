@@ -4,7 +4,9 @@
 
 namespace quorvel {
 
-// Window styles are asked for where the platform can be asked; X11 and Wayland can't.
+// Of the window styles, a program is asked not to take the keyboard (4 and 6). No desktop of X11 or
+// Wayland can be asked to hide, minimise or maximise the window of another program: it comes up as
+// the program and the desktop think fit.
 class QtPrograms : public Programs {
  public:
   void Start(const std::string& commandLine, ProgramWindow window) override;

@@ -7,10 +7,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "platform/controls/ImageBox.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/qt/ControlPeers.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/Pictures.h"
+#include "platform/qt/QtPictures.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeer.h"
 
@@ -170,6 +172,23 @@ class PicturePeer : public WidgetPeer {
   PictureBox& box_;
 };
 
+class ImagePeer : public WidgetPeer {
+ public:
+  ImagePeer(ImageBox& box, QWidget* parent) : WidgetPeer(box, new QLabel(parent)), box_(box) {
+    static_cast<QLabel*>(Widget())->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    UpdateAll();
+  }
+  void Apply(Prop prop) override {
+    if (prop != Prop::Picture) return;
+    auto* label = static_cast<QLabel*>(Widget());
+    const auto* picture = static_cast<const QtPicture*>(box_.Shown().get());
+    label->setPixmap(picture ? QPixmap::fromImage(picture->Image()) : QPixmap());
+  }
+
+ private:
+  ImageBox& box_;
+};
+
 }  // namespace
 
 std::unique_ptr<WidgetPeer> MakeLabel(Label& label, QWidget* parent) {
@@ -189,6 +208,9 @@ std::unique_ptr<WidgetPeer> MakeFrame(Control& frame, QWidget* parent) {
 }
 std::unique_ptr<WidgetPeer> MakeHolder(Control& holder, QWidget* parent) {
   return std::make_unique<HolderPeer>(holder, parent);
+}
+std::unique_ptr<WidgetPeer> MakeImage(ImageBox& box, QWidget* parent) {
+  return std::make_unique<ImagePeer>(box, parent);
 }
 std::unique_ptr<WidgetPeer> MakePicture(PictureBox& box, QWidget* parent) {
   return std::make_unique<PicturePeer>(box, parent);

@@ -1,0 +1,52 @@
+// A picture of the host, and a report that goes out by fax.
+#include "app/tour/Hands.h"
+#include "app/tour/Tour.h"
+#include "output/frmFax.h"
+#include "output/frmFaxSettings.h"
+#include "output/frmImage.h"
+#include "output/frmReport.h"
+
+namespace quorvel {
+namespace {
+
+// What is as wide as the window has been drawn by now.
+bool ImageShows() {
+  const frmImage* image = LoadedForm<frmImage>();
+  return image && image->IsVisible() && image->ledPicture.ImageHandle();
+}
+
+// It is the window that the user works with.
+bool FaxShows() {
+  return DialogShows<frmFax>() && !DialogShows<frmFaxSettings>() && !BoxShows();
+}
+
+}  // namespace
+
+std::vector<TourStep> ImageAndFaxSteps(QtBackend& backend) {
+  const Hands user(backend);
+  const auto mainMenu = [] { return MenuShows("Main Menu") && !BoxShows(); };
+  // clang-format off
+  return {
+      {"", mainMenu, [user] { user.Open("UT.PICTURE"); }},
+      {"image", ImageShows, [user] { user.Key(Qt::Key_E, Qt::AltModifier); }},
+      // The terminal has the keyboard then; Enter asks the host for its menu.
+      {"", [] { return !DialogShows<frmImage>() && TerminalShows(""); },
+       [user] { user.Key(Qt::Key_Return); }},
+      {"", mainMenu, [user] { user.Open("RP*REMINDER"); }},
+      {"", [] { return DialogShows<frmReport>(); },
+       [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
+      {"fax", FaxShows, [user] { user.Click(Form<frmFax>().chkSendCover); }},
+      {"fax-with-cover-page", [] { return FaxShows() && Form<frmFax>().txtToFax.Enabled(); },
+       [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
+      {"fax-without-server", [] { return BoxShows("server name"); }, [user] { user.AnswerBox(); }},
+      {"", FaxShows, [user] { user.Key(Qt::Key_F, Qt::AltModifier); }},
+      {"fax-settings", [] { return DialogShows<frmFaxSettings>(); },
+       [user] { user.Key(Qt::Key_Escape); }},
+      {"", FaxShows, [user] { user.Key(Qt::Key_Escape); }},
+      {"", [] { return !DialogShows<frmFax>() && DialogShows<frmReport>(); },
+       [] { Form<frmReport>().mnuFileExit.UserClick(); }},
+  };
+  // clang-format on
+}
+
+}  // namespace quorvel
