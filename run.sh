@@ -50,6 +50,7 @@ HostName=$address
 TermType=4
 Rows=32
 QuickExit=0
+CutAtFrames=1
 [LOGIN]
 UserId=demo
 Pwd=demo

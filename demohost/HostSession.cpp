@@ -52,7 +52,7 @@ void HostSession::Receive(std::string_view bytes) {
   for (const char byte : bytes) {
     if (Ended()) return;
     if (const auto data = telnet_.Feed(byte)) Accept(*data);
-    if (telnet_.TakeTimingMark() && awaitingMark_) EndPrintout();
+    if (telnet_.TakeTimingMark()) OnMarkSeen();
   }
   if (const auto answers = telnet_.TakeAnswers(); !answers.empty()) {
     writes_.push_back(answers);
@@ -67,20 +67,28 @@ void HostSession::Accept(char byte) {
   if (held_.size() < kHeldLimit) held_ += byte;
   // A client that answers no timing mark: its user's Enter does as well.
   const bool typed = held_.find(kFrameMark) == std::string::npos;
-  if (awaitingMark_ && typed && byte == kCr) EndPrintout();
+  if (typed && byte == kCr) OnMarkSeen();
 }
 
 void HostSession::StartPrintout() {
   if (!waiting_ || Ended()) return;
   auto printout = std::exchange(waiting_, std::nullopt);
   SendFrame(printout->opening);
-  if (printout->next) printout_ = std::move(printout);
+  if (!printout->next) return;
+  writes_.push_back(TelnetServer::TimingMark());
+  awaited_ = Awaited::Opening;
+  printout_ = std::move(printout);
 }
 
-// The closing frame waits for the client's word that it has the lines: text that the network joins
-// with the frame would not be in the report.
+// The lines wait for the client's word that it has the opening frame, and the closing frame for its
+// word that it has the lines: text that the network joins with a frame would not be in the report.
+void HostSession::OnMarkSeen() {
+  const Awaited had = std::exchange(awaited_, Awaited::Nothing);
+  if (had == Awaited::Lines) EndPrintout();
+}
+
 void HostSession::PrintOn() {
-  if (!printout_ || awaitingMark_ || !writes_.empty()) return;
+  if (!printout_ || awaited_ != Awaited::Nothing || !writes_.empty()) return;
   std::string piece;
   bool more = true;
   while (more && piece.size() < kPieceSize) more = printout_->next(piece);
@@ -92,13 +100,13 @@ void HostSession::PrintOn() {
     EndPrintout();
   } else {
     writes_.push_back(TelnetServer::Escape(piece) + TelnetServer::TimingMark());
-    awaitingMark_ = true;
+    awaited_ = Awaited::Lines;
   }
 }
 
 void HostSession::EndPrintout() {
   const auto printout = std::exchange(printout_, std::nullopt);
-  awaitingMark_ = false;
+  awaited_ = Awaited::Nothing;
   if (!printout->closing.empty()) SendFrame(printout->closing);
   for (const char byte : std::exchange(held_, {})) {
     if (Ended()) return;

@@ -69,6 +69,7 @@ class HostSession final : public Console {
   void FeedData(char byte);
   void Accept(char byte);
   void StartPrintout();
+  void OnMarkSeen();
   void PrintOn();
   void EndPrintout();
   void OnEvent(LineReader::Event event);
@@ -111,7 +112,8 @@ class HostSession final : public Console {
   bool listOpen_ = false;             // a list of a screen still owes a line
   std::optional<Printout> waiting_;   // delivered by the program that is ending
   std::optional<Printout> printout_;  // on its way; what the user does meanwhile waits in held_
-  bool awaitingMark_ = false;         // its lines are sent, and the client has yet to say so
+  // What of it has been sent that the client has yet to say it has.
+  enum class Awaited { Nothing, Opening, Lines } awaited_ = Awaited::Nothing;
   std::string held_;
   std::vector<std::string> writes_;
   bool appendable_ = false;  // the last write is plain text and may grow

@@ -31,6 +31,9 @@ TEST_F(PrintoutTest, AReportStandsBetweenItsFrames) {
   demo_.Forget().Type("RP*CUSTOMERS");
   ASSERT_EQ(demo_.Frames().size(), 2u) << "the menu, then the opening";
   EXPECT_EQ(Opening(), std::vector<string>{"~CAPTURE-ON~"});
+  EXPECT_FALSE(demo_.Shows("Alder & Finch Hardware")) << "nothing behind the frame";
+  EXPECT_TRUE(demo_.Text().ends_with(kMark));
+  demo_.Forget().Send(kMarkSeen);
   EXPECT_TRUE(demo_.Shows("Alder & Finch Hardware") && demo_.Shows("24 records listed."));
   EXPECT_TRUE(demo_.Text().ends_with("\r\n" + kMark)) << "the client is asked to say when";
 
@@ -48,7 +51,7 @@ TEST_F(PrintoutTest, AReportStandsBetweenItsFrames) {
   EXPECT_TRUE(demo_.Text().empty());
 
   // A client without timing marks, whose user presses Enter.
-  demo_.Type("RP*CUSTOMERS").Forget().Type("");
+  demo_.Type("RP*CUSTOMERS").Type("").Forget().Type("");
   EXPECT_EQ(demo_.Frames().front(), Framed({"~CAPTURE-OFF~"}));
   EXPECT_TRUE(demo_.AtMenu("MAIN.MENU"));
 }
@@ -74,21 +77,21 @@ TEST_F(PrintoutTest, OpeningsNameWhatIsToBeDone) {
   for (const auto& c : cases) {
     demo_.Forget().Type(c.option);
     EXPECT_EQ(Opening(), c.opening) << c.option;
-    demo_.Send(kMarkSeen);
+    demo_.Send(kMarkSeen).Send(kMarkSeen);
   }
-  demo_.Forget().Type("RP.LABELS").Send(kMarkSeen);
+  demo_.Forget().Type("RP.LABELS").Send(kMarkSeen).Send(kMarkSeen);
   EXPECT_EQ(demo_.LastFrame(), Framed({"~STOPPRINT~"}));
 }
 
 TEST_F(PrintoutTest, TheLastBlockMayHoldTheClosing) {
-  demo_.Forget().Type("RP*VENDORS");
+  demo_.Forget().Type("RP*VENDORS").Send(kMarkSeen);
   EXPECT_TRUE(demo_.Writes().back().ends_with("records listed.\r\n" + Framed({"~CAPTURE-OFF~"})));
   demo_.Forget().Type("");
   EXPECT_TRUE(demo_.AtMenu("MAIN.MENU"));
 }
 
 TEST_F(PrintoutTest, LongReportsGoOutPieceByPiece) {
-  demo_.Forget().Type("RP*STOCKCOUNT");
+  demo_.Forget().Type("RP*STOCKCOUNT").Send(kMarkSeen);
   const auto text = demo_.Text();
   EXPECT_EQ(std::count(text.begin(), text.end(), '\f'), 10'000 / 60);
   EXPECT_TRUE(demo_.Shows("  9999  ") && demo_.Shows(" 10000  "));
@@ -97,6 +100,8 @@ TEST_F(PrintoutTest, LongReportsGoOutPieceByPiece) {
   // The ledger: what is not asked for is not there yet, and the log-off ends it.
   auto& session = demo_.Session();
   session.Receive("RP*LEDGER\r");
+  session.TakeWrites();
+  session.Receive(kMarkSeen);
   std::size_t taken = 0;
   for (int i = 0; i < 100; ++i) {
     for (const auto& write : session.TakeWrites()) {

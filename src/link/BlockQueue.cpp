@@ -5,27 +5,22 @@
 namespace quorvel {
 namespace {
 
-struct Cut {
-  std::size_t block;  // characters of the block
-  std::size_t used;   // characters of the read that it stands for: dropped ones count
-};
-
-// Where the block that begins `text` ends.
-Cut FindCut(std::string_view text, bool frameOpen, char mark, BlockQueue::TextAhead ahead) {
-  const std::size_t longest = std::min(text.size(), BlockQueue::kLongestBlock);
+// Length of the block that begins `text`.
+std::size_t BlockLength(std::string_view text, bool frameOpen, char mark,
+                        BlockQueue::TextAhead ahead) {
+  text = text.substr(0, BlockQueue::kLongestBlock);
   std::size_t from = 0;
   if (!frameOpen) {
-    const auto opening = text.substr(0, longest).find(mark);
-    if (opening == std::string_view::npos) return {longest, longest};
-    if (opening > 0 && ahead == BlockQueue::TextAhead::Alone) return {opening, opening};
+    const auto opening = text.find(mark);
+    if (opening == std::string_view::npos) return text.size();
+    if (opening > 0 && ahead == BlockQueue::TextAhead::Alone) return opening;
     from = opening + 1;
   }
-  const auto closing = text.substr(0, longest).find(mark, from);
-  if (closing == std::string_view::npos) return {longest, longest};
-  // Behind a closed frame everything up to the next opening mark would be dropped by the receiver;
-  // what does not fit into the block is dropped here.
-  const std::size_t next = std::min(text.find(mark, closing + 1), text.size());
-  return {std::min(next, longest), next};
+  const auto closing = text.find(mark, from);
+  if (closing == std::string_view::npos) return text.size();
+  // What the receiver drops behind a closed frame ends at the next opening mark, and with the
+  // block: a network that joins very much must not cost the host all of it.
+  return std::min(text.find(mark, closing + 1), text.size());
 }
 
 }  // namespace
@@ -44,10 +39,10 @@ void BlockQueue::Clear() {
 
 std::string BlockQueue::Take(bool frameOpen, char mark, TextAhead ahead) {
   const std::string& read = reads_.front();
-  const Cut cut = FindCut(std::string_view(read).substr(at_), frameOpen, mark, ahead);
-  std::string block = read.substr(at_, cut.block);
-  at_ += cut.used;
-  size_ -= cut.used;
+  const std::string_view left = std::string_view(read).substr(at_);
+  std::string block(left.substr(0, BlockLength(left, frameOpen, mark, ahead)));
+  at_ += block.size();
+  size_ -= block.size();
   if (at_ >= read.size()) {
     reads_.pop_front();
     at_ = 0;

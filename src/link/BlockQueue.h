@@ -8,8 +8,8 @@ namespace quorvel {
 
 // The blocks that wait for the receiver. Each read of the network is cut so that no frame is lost
 // to the network's joining of writes: a block has at most kLongestBlock characters and never holds
-// the opening mark of a second frame. What follows a closing mark up to the next opening mark of
-// the same read stays in that block, where the receiver drops it.
+// the opening mark of a second frame. What follows a closing mark stays in the block, where the
+// receiver drops it, up to the next opening mark or the block's greatest length.
 class BlockQueue {
  public:
   // Longest block handed over; positions in it fit 16 bits with room to spare.

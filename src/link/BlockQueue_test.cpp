@@ -1,5 +1,6 @@
 #include "link/BlockQueue.h"
 
+#include <algorithm>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -86,8 +87,23 @@ TEST(BlockQueue, NoBlockIsLongerThanItsLimit) {
   const std::string shorter = x.substr(1);
   EXPECT_EQ(BlocksOf({shorter + "|a|"}), (Blocks{shorter + "|", "a|"}));
   EXPECT_EQ(BlocksOf({"|" + shorter + "||b|"}), (Blocks{"|" + shorter, "|", "|b|"}));
-  // What is dropped anyway need not fit.
-  EXPECT_EQ(BlocksOf({"|a|" + y + y + "|b|"}), (Blocks{"|a|" + y.substr(3), "|b|"}));
+  // What is dropped behind a frame ends with its block.
+  EXPECT_EQ(BlocksOf({"|a|" + y + y + "|b|"}), (Blocks{"|a|" + y.substr(3), y, "yyy|b|"}));
+}
+
+// On request what stands ahead of a frame is a block of its own; what stands behind one is not.
+TEST(BlockQueue, CutsAheadOfEveryFrameOnRequest) {
+  BlockQueue queue;
+  queue.Push("ab|c|de|f|");
+  queue.Push("g|h");
+  queue.Push("i|j|k|");
+  Blocks blocks;
+  bool open = false;
+  while (!queue.IsEmpty()) {
+    blocks.push_back(queue.Take(open, kMark, BlockQueue::TextAhead::Alone));
+    open = open != (std::count(blocks.back().begin(), blocks.back().end(), kMark) == 1);
+  }
+  EXPECT_EQ(blocks, (Blocks{"ab", "|c|de", "|f|", "g", "|h", "i|j", "|k|"}));
 }
 
 // Whether a frame is open is asked at each delivery: a change of the mark, or a frame that has been
