@@ -84,7 +84,10 @@ void SocketServer::FlushAll() {
 }
 
 void SocketServer::Flush(Link& link) {
-  if (link.closing) return;
+  // Flushing the socket tells of written bytes, which leads back here: what the session has next
+  // must not overtake the rest of what has been taken.
+  if (link.closing || link.flushing) return;
+  link.flushing = true;
   for (;;) {
     const bool room = link.socket->bytesToWrite() < kWaitAbove;
     const auto writes = link.session->TakeWrites(room);
@@ -94,6 +97,7 @@ void SocketServer::Flush(Link& link) {
     }
     if (writes.empty() || !room) break;
   }
+  link.flushing = false;
   if (link.session->Ended()) {
     link.closing = true;
     link.socket->disconnectFromHost();

@@ -29,6 +29,7 @@ class SocketServer final : public QObject {
     QTcpSocket* socket;
     std::unique_ptr<HostSession> session;
     bool closing = false;
+    bool flushing = false;
   };
 
   void Accept();

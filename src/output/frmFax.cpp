@@ -65,7 +65,7 @@ frmFax::frmFax() : Window(Kind::Dialog, "frmFax") {
   cmdCancel.Cancel = true;
   SetLayout(
       {Field(lblServerName, txtServerName), Field(lblFaxDate, txtFaxDate),
-       Field(lblFaxDesc, txtFaxDesc), Wide(chkSendCover),
+       Field(lblFaxDesc, txtFaxDesc), Bar({&chkSendCover}),
        Beside(
            {Group(fraTo, {Field(lblToName, txtToName), Field(lblToCompany, txtToCompany),
                           Field(lblToFax, txtToFax), Field(lblToPhone, txtToPhone),

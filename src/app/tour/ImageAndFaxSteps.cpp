@@ -9,10 +9,17 @@
 namespace quorvel {
 namespace {
 
-// What is as wide as the window has been drawn by now.
 bool ImageShows() {
   const frmImage* image = LoadedForm<frmImage>();
   return image && image->IsVisible() && image->ledPicture.ImageHandle();
+}
+
+// The whole letter has reached the viewer.
+bool ReminderShows() {
+  const frmReport* report = LoadedForm<frmReport>();
+  if (!report || !report->IsVisible()) return false;
+  const auto lines = report->txtReport.Lines().Count();
+  return lines > 0 && report->txtReport.Lines().At(lines - 1) == "Accounts";
 }
 
 // It is the window that the user works with.
@@ -33,10 +40,10 @@ std::vector<TourStep> ImageAndFaxSteps(QtBackend& backend) {
       {"", [] { return !DialogShows<frmImage>() && TerminalShows(""); },
        [user] { user.Key(Qt::Key_Return); }},
       {"", mainMenu, [user] { user.Open("RP*REMINDER"); }},
-      {"", [] { return DialogShows<frmReport>(); },
+      {"", ReminderShows,
        [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
       {"fax", FaxShows, [user] { user.Click(Form<frmFax>().chkSendCover); }},
-      {"fax-with-cover-page", [] { return FaxShows() && Form<frmFax>().txtToFax.Enabled(); },
+      {"fax-without-cover-page", [] { return FaxShows() && !Form<frmFax>().txtToFax.Enabled(); },
        [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
       {"fax-without-server", [] { return BoxShows("server name"); }, [user] { user.AnswerBox(); }},
       {"", FaxShows, [user] { user.Key(Qt::Key_F, Qt::AltModifier); }},

@@ -16,10 +16,11 @@ bool IsMenu(const QWidget& window) {
   return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip;
 }
 
-// Boxes above dialogs, menus above everything.
+// Modal dialogs above others, the last of them above the rest, menus above everything.
 int Height(const QWidget& window) {
-  if (IsMenu(window)) return 3;
-  return &window == QApplication::activeModalWidget() ? 2 : 1;
+  if (IsMenu(window)) return 4;
+  if (&window == QApplication::activeModalWidget()) return 3;
+  return window.isModal() ? 2 : 1;
 }
 
 void DrawFrame(QPainter& painter, const QRect& place, const QString& title) {
