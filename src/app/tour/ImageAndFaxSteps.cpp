@@ -1,6 +1,11 @@
 // A picture of the host, and a report that goes out by fax.
+#include <QWidget>
+#include <filesystem>
+
 #include "app/tour/Hands.h"
 #include "app/tour/Tour.h"
+#include "link/SessionState.h"
+#include "menus/frmSubMenu.h"
 #include "output/frmFax.h"
 #include "output/frmFaxSettings.h"
 #include "output/frmImage.h"
@@ -11,7 +16,14 @@ namespace {
 
 bool ImageShows() {
   const frmImage* image = LoadedForm<frmImage>();
-  return image && image->IsVisible() && image->ledPicture.ImageHandle();
+  return image && image->IsVisible() && image->ledPicture.ImageHandle() && !BoxShows();
+}
+
+// Whoever comes back to the window has it read its file again.
+void LeaveImageAndRemoveItsFile() {
+  std::error_code ignored;
+  std::filesystem::remove(Session().ImageArgs[0], ignored);
+  Form<frmSubMenu>().SetFocus();
 }
 
 // The whole letter has reached the viewer.
@@ -35,7 +47,10 @@ std::vector<TourStep> ImageAndFaxSteps(QtBackend& backend) {
   // clang-format off
   return {
       {"", mainMenu, [user] { user.Open("UT.PICTURE"); }},
-      {"image", ImageShows, [user] { user.Key(Qt::Key_E, Qt::AltModifier); }},
+      {"image", ImageShows, [] { LeaveImageAndRemoveItsFile(); }},
+      {"", mainMenu, [&backend] { backend.WidgetOf(Form<frmImage>())->activateWindow(); }},
+      {"image-gone", [] { return BoxShows("Invalid Image path"); }, [user] { user.AnswerBox(); }},
+      {"", ImageShows, [user] { user.Key(Qt::Key_E, Qt::AltModifier); }},
       // The terminal has the keyboard then; Enter asks the host for its menu.
       {"", [] { return !DialogShows<frmImage>() && TerminalShows(""); },
        [user] { user.Key(Qt::Key_Return); }},

@@ -13,8 +13,8 @@ class QPainter;
 
 namespace quorvel {
 
-// The current printer. Where the system has none, each document becomes a PDF file of its own in
-// the user's folder for documents. Text is printed in a font of fixed pitch; what does not fit the
+// The current printer. Where the system has none, each document becomes a PDF file: the one that
+// the user has chosen, or for a screen one of its own in the user's folder for documents. Text is printed in a font of fixed pitch; what does not fit the
 // width of the page goes on in the next line.
 class QtPrinter : public Printer {
  public:
