@@ -69,16 +69,17 @@ frmImage::Size frmImage::OwnSize() const {
 }
 
 void frmImage::ShowImage() {
-  const auto [path, top, left, width, height] = Session().ImageArgs;
+  const auto asked = Session().ImageArgs;  // a further message may come while the box is open
+  const std::string& path = asked[0];
   if (!Try([&] { ledPicture.ReadImageInfo(path); })) {
     desktop().MsgBox("Invalid Image path " + path);
     return;
   }
   const Size own = OwnSize();
-  const int newTop = LengthOf(top, Top, Top);
-  const int newLeft = LengthOf(left, Left, Left);
-  const int newHeight = std::max(0, LengthOf(height, own.height, Height));
-  const int newWidth = std::max(0, LengthOf(width, own.width, Width));
+  const int newTop = LengthOf(asked[1], Top, Top);
+  const int newLeft = LengthOf(asked[2], Left, Left);
+  const int newHeight = std::max(0, LengthOf(asked[4], own.height, Height));
+  const int newWidth = std::max(0, LengthOf(asked[3], own.width, Width));
 
   ledPicture.Height = newHeight;
   ledPicture.Width = newWidth;
