@@ -46,11 +46,13 @@ struct HandOvers {
   // --- command strings (terminal)
   std::function<void(const std::string&)> SendCommandString = [](const std::string&) {};
   std::function<void()> ShowCommandButtons = [] {};  // frmButtons
+  std::function<void()> ShowFunctionKeys = [] {};    // frmFunk
 
   // --- menus
   std::function<void()> StartMenu = [] {};
   std::function<void()> HideMenu = [] {};
   std::function<void()> UnloadMenu = [] {};
+  std::function<void(bool)> ScaleMenu = [](bool) {};  // with its window, or not at all
   std::function<void()> ShowBookmarks = [] {};
   std::function<void()> ShowHelpText = [] {};  // frmHelpText
   std::function<void()> UnloadHelpText = [] {};

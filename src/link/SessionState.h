@@ -88,10 +88,12 @@ struct SessionState {
   Flag ConfirmExit = kFalse;
   std::int16_t MenuLoaded = 0;  // 1 while the menu window is loaded
   std::int16_t HelpOpen = 0;
-  std::string SelectedExport;   // the entry that frmExpSel was left with; empty on cancel
-  std::string BrowseDirectory;  // folder handed to frmBrowseExp and back; empty on cancel
-  std::string ActiveContext;    // "TELNET", "MENU", ...: the window in front
-  std::string BookmarkContext;
+  std::string SelectedExport;        // the entry that frmExpSel was left with; empty on cancel
+  std::string BrowseDirectory;       // folder handed to frmBrowseExp and back; empty on cancel
+  std::string ActiveContext;         // "TELNET", "MENU", ...: the window in front
+  std::string BookmarkContext;       // "MENU" or "TELNET": the window that opened the list
+  std::string BookmarkText;          // the line handed between the bookmark windows
+  std::int16_t BookmarkIndex = -1;   // of the line being changed; -1: a new one
   std::int32_t SelectionStart = 0;   // one-based, in SelectionScreen
   std::int32_t SelectionLength = 0;  // 0: nothing is selected
   std::string SelectionScreen;

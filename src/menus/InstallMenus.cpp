@@ -2,6 +2,7 @@
 
 #include "link/HandOvers.h"
 #include "menus/frmAbout.h"
+#include "menus/frmBookMark.h"
 #include "menus/frmHelpText.h"
 #include "menus/frmSubMenu.h"
 #include "menus/mdiMain.h"
@@ -39,6 +40,11 @@ void InstallMenus() {
   ask.UnloadMenu = [] {
     if (frmSubMenu* menu = LoadedForm<frmSubMenu>()) menu->Unload();
   };
+  ask.ScaleMenu = [](bool scales) {
+    frmSubMenu* menu = LoadedForm<frmSubMenu>();
+    if (menu) menu->VideoSoftElastic1.Mode = scales ? Elastic::kScaleAll : Elastic::kOff;
+  };
+  ask.ShowBookmarks = ShowBookmarks;
   ask.ShowHelpText = [] {
     if (frmHelpText* help = LoadedForm<frmHelpText>()) help->TakeMessage();
     frmHelpText& help = Form<frmHelpText>();

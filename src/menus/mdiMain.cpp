@@ -14,12 +14,12 @@ namespace quorvel {
 namespace {
 
 // The two rows of buttons, in twips.
-struct Column {
+struct ButtonColumn {
   int left;
   int width;
 };
-constexpr Column kColumns[] = {{60, 1470},   {1605, 1455}, {3165, 1470}, {4725, 1470},
-                               {6315, 1455}, {7875, 1470}, {9435, 1470}, {10995, 1470}};
+constexpr ButtonColumn kColumns[] = {{60, 1470},   {1605, 1455}, {3165, 1470}, {4725, 1470},
+                                     {6315, 1455}, {7875, 1470}, {9435, 1470}, {10995, 1470}};
 constexpr int kFirstRow = 75;
 constexpr int kSecondRow = 420;
 constexpr int kButtonHeight = 330;
@@ -52,7 +52,7 @@ void mdiMain::BuildButtons() {
   VideoSoftElastic1.Move(0, 0, kPanelWidth, kPanelHeight);
   for (int i = 0; i < kButtons; ++i) {
     Button& button = cmdButton.Load(i);
-    const Column& column = kColumns[i % 8];
+    const ButtonColumn& column = kColumns[i % 8];
     const int top = i == 0 ? kFirstRow - 5 : i < 8 ? kFirstRow : kSecondRow;
     button.Move(column.left, top, column.width, kButtonHeight);
     button.AccessibleText = "Command button " + std::to_string(i + 1);

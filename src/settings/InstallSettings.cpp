@@ -1,9 +1,11 @@
 #include "settings/InstallSettings.h"
 
 #include "link/HandOvers.h"
+#include "platform/controls/Desktop.h"
 #include "settings/ApplySettings.h"
 #include "settings/Configuration.h"
 #include "settings/WindowPlacing.h"
+#include "settings/frmTerm.h"
 
 namespace quorvel {
 
@@ -13,6 +15,9 @@ void InstallSettings() {
   ask.ApplySettings = ApplySettings;
   ask.CenterOnParent = CenterOnParent;
   ask.CenterOnScreen = CenterOnScreen;
+  ask.ShowTerminalSettings = [] {
+    if (Ask().TerminalControl()) Form<frmTerm>().ShowModal();
+  };
 }
 
 }  // namespace quorvel

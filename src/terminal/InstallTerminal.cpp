@@ -3,6 +3,9 @@
 #include "link/HandOvers.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/SimpleControls.h"
+#include "terminal/CommandStrings.h"
+#include "terminal/frmButtons.h"
+#include "terminal/frmFunk.h"
 #include "terminal/frmTelnet.h"
 
 namespace quorvel {
@@ -43,6 +46,12 @@ void InstallTerminal() {
     if (frmTelnet* window = LoadedForm<frmTelnet>()) window->VT2201.Write(text);
   };
   ask.EnableSessionWindows = EnableSession;
+  ask.SendCommandString = [](const std::string& text) {
+    std::string copy = text;
+    SendCommandString(copy);
+  };
+  ask.ShowCommandButtons = [] { Form<frmButtons>().ShowModal(); };
+  ask.ShowFunctionKeys = [] { Form<frmFunk>().ShowModal(); };
 }
 
 }  // namespace quorvel

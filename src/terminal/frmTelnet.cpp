@@ -13,6 +13,7 @@
 #include "settings/ApplySettings.h"
 #include "settings/Configuration.h"
 #include "terminal/CopySelection.h"
+#include "terminal/TerminalKeys.h"
 
 namespace quorvel {
 namespace {
@@ -36,6 +37,7 @@ frmTelnet::frmTelnet() : Window(Kind::Child, "frmTelnet") {
   TELNET1.ReceiveEvent = [this](std::string& data) { TELNET1_Receive(data); };
   TELNET1.OptionEvent = [this](int command, int option) { TELNET1_Option(command, option); };
   VT2201.KeyboardData = [this](const std::string& text) { VT2201_KeyboardData(text); };
+  VT2201.KeyDown = [this](KeyEvent& key) { TakeTerminalKey(VT2201, key); };
   VT2201.Answer = [this](const std::string& text) { VT2201_Answer(text); };
   VT2201.Paste = [](const std::string& text) { SendToHost(text); };
   VT2201.SelectionChange = [this] { VT2201_SelectionChange(); };

@@ -135,6 +135,14 @@ void Control::UserMouseDown(MouseButton button) {
   });
 }
 
+void Control::UserMouseUp(MouseButton button) {
+  if (!MouseUp || !window().TakesInput() || !Reachable()) return;
+  window_.AsUserEvent([this, button] {
+    const auto handler = MouseUp;
+    handler(button);
+  });
+}
+
 void Control::PropertyChanged(Prop prop) {
   if (prop == Prop::TabIndex) window_.ShiftTabIndex(*this);
   TellPeer(prop);

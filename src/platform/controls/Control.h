@@ -124,6 +124,8 @@ class Control : public Container, public Observed {
   // A mouse button went down on it, after the click has given it the keyboard. With a handler the
   // toolkit's own menu does not appear; the menu key of the keyboard counts as the right button.
   std::function<void(MouseButton)> MouseDown;
+  // The button that went down on it has been released, wherever the pointer is now.
+  std::function<void(MouseButton)> MouseUp;
   // A character is about to be typed; a handler that sets the code to 0 swallows it.
   std::function<void(int& code)> KeyPress;
 
@@ -140,6 +142,7 @@ class Control : public Container, public Observed {
   virtual void UserClick();
   void UserDblClick();
   void UserMouseDown(MouseButton button);
+  void UserMouseUp(MouseButton button);
 
   void PropertyChanged(Prop prop) override;
 

@@ -231,6 +231,14 @@ std::optional<std::string> Desktop::ChooseFile(const FileDialog& dialog) {
   return AskInBox([&] { return backend_.dialogs().ChooseFile(dialog); });
 }
 
+std::optional<std::uint32_t> Desktop::ChooseColour(std::uint32_t present) {
+  return AskInBox([&] { return backend_.dialogs().ChooseColour(present); });
+}
+
+std::optional<Font> Desktop::ChooseFont(const Font& present) {
+  return AskInBox([&] { return backend_.dialogs().ChooseFont(present); });
+}
+
 bool Desktop::ChoosePrinter() {
   return AskInBox([&] { return backend_.dialogs().ChoosePrinter(); });
 }

@@ -61,6 +61,8 @@ class Desktop {
                           const std::string& title = {});
   void PopupMenu(MenuItem& menu);
   std::optional<std::string> ChooseFile(const FileDialog& dialog);
+  std::optional<std::uint32_t> ChooseColour(std::uint32_t present);
+  std::optional<Font> ChooseFont(const Font& present);
   // False when the user cancels.
   bool ChoosePrinter();
   bool IsBoxOpen() const { return boxes_ > 0; }

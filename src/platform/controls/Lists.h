@@ -69,6 +69,10 @@ class ListBox : public Control {
 
   Property<int> ListIndex{*this, Prop::ListIndex, -1};
   ListRows List{*this};
+  // Whether rows can be dragged: the selection follows the pointer while the button is down, and a
+  // line shows where the row would land. Moving it is the form's affair, between MouseDown (the row
+  // under the pointer is selected already) and MouseUp. Set once, where the window is declared.
+  bool RowsMove = false;
   std::string Text() const { return ListIndex() < 0 ? std::string() : List.At(ListIndex()); }
 
   void UserPick(int index);

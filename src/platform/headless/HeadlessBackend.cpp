@@ -153,6 +153,14 @@ bool HeadlessBackend::ActivateCopy(const std::string& title) {
   return otherCopyRuns;
 }
 
+std::optional<std::uint32_t> HeadlessBackend::ChooseColour(std::uint32_t present) {
+  return onColourDialog ? onColourDialog(present) : std::nullopt;
+}
+
+std::optional<quorvel::Font> HeadlessBackend::ChooseFont(const quorvel::Font& present) {
+  return onFontDialog ? onFontDialog(present) : std::nullopt;
+}
+
 std::optional<std::string> HeadlessBackend::ChooseFile(const FileDialog& dialog) {
   fileDialogs.push_back(dialog);
   return onFileDialog ? onFileDialog(dialog) : std::nullopt;

@@ -66,6 +66,8 @@ class HeadlessBackend : public Backend,
   // Answers a message box; by default the first button. It may serve events first.
   std::function<MessageBoxAnswer(const MessageBoxRequest&)> onMessageBox;
   std::function<std::optional<std::string>(const FileDialog&)> onFileDialog;  // default: cancel
+  std::function<std::optional<std::uint32_t>(std::uint32_t)> onColourDialog;  // default: cancel
+  std::function<std::optional<quorvel::Font>(const quorvel::Font&)> onFontDialog;  // the same
   std::function<void(MenuItem&)> onPopUp;
   std::function<void(const std::string& commandLine, ProgramWindow)> onStart;
   std::function<void()> onPaint;  // the toolkit is told to paint
@@ -122,8 +124,8 @@ class HeadlessBackend : public Backend,
   bool OtherCopyRuns() override { return otherCopyRuns; }
   bool ActivateCopy(const std::string& title) override;
   std::optional<std::string> ChooseFile(const FileDialog& dialog) override;
-  std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
-  std::optional<quorvel::Font> ChooseFont(const quorvel::Font&) override { return {}; }
+  std::optional<std::uint32_t> ChooseColour(std::uint32_t present) override;
+  std::optional<quorvel::Font> ChooseFont(const quorvel::Font& present) override;
   bool ChoosePrinter() override { return choosesPrinter; }
   std::string Text() override { return clipboardText; }
   void SetText(const std::string& text) override { clipboardText = text; }

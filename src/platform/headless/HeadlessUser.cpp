@@ -48,6 +48,13 @@ bool HeadlessUser::KeyDown(KeyEvent key) {
   return front && !front->UserKeyDown(key);
 }
 
+void HeadlessUser::Drag(ListBox& list, int from, int to) {
+  list.UserPick(from);
+  list.UserMouseDown(MouseButton::Left);
+  list.UserPick(to);
+  list.UserMouseUp(MouseButton::Left);
+}
+
 void HeadlessUser::TypeOne(char c) {
   const auto byte = static_cast<unsigned char>(c);
   if (!KeyDown({std::toupper(byte), kNoShift})) return;

@@ -6,6 +6,8 @@
 
 namespace quorvel {
 
+class ListBox;
+
 // The hands of a user on a headless desktop: keys go where the keyboard is, clicks where they
 // point. What a toolkit would do itself with a key (typing into a box, moving in a list) is done
 // here.
@@ -16,6 +18,8 @@ class HeadlessUser {
   void Press(KeyCode key, int shift = kNoShift);
   void Click(Control& control) { control.UserClick(); }
   void DoubleClick(Control& control) { control.UserDblClick(); }
+  // Presses the mouse on a row, moves to another and releases it there.
+  void Drag(ListBox& list, int from, int to);
   void RightClick(Control& control) { control.UserMouseDown(MouseButton::Right); }
 
  private:

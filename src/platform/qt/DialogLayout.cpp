@@ -1,12 +1,15 @@
 #include "platform/qt/DialogLayout.h"
 
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "platform/controls/SimpleControls.h"
+#include "platform/controls/TabStrip.h"
 #include "platform/controls/Window.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/WidgetPeer.h"
@@ -80,6 +83,7 @@ void AddButtons(QVBoxLayout& column, const LayoutRow& row) {
     widget->setMinimumWidth(Characters(*widget, kButtonWidth));
     buttons->addWidget(widget);
   }
+  column.addStretch(0);  // takes what no row stretches into
   column.addSpacing(kSpacing / 2);
   column.addLayout(buttons);
 }
@@ -133,7 +137,60 @@ QWidget* PreparedGroup(const LayoutRow& row) {
   column->setSpacing(kSpacing);
   AddRows(*column, row.rows);
   if (!Stretches(row.rows)) column->addStretch(1);
+  const Control& holder = *row.controls.front();
+  if (holder.kind() == ControlKind::Panel) frame->setFixedHeight(ToPixels(holder.Height()));
   return frame;
+}
+
+// The pages lie in a stack below the tabs, so that the dialog keeps its size when one turns them.
+QWidget* PreparedPages(const LayoutRow& row) {
+  const auto& strip = static_cast<const TabStrip&>(*row.controls.front());
+  QWidget* holder = WidgetOf(strip);
+  auto* stack = new QStackedWidget(holder);
+  auto* whole = new QVBoxLayout(holder);
+  whole->setContentsMargins(kMargin, ToPixels(strip.TabHeight()) + kGroupMargin, kMargin,
+                            kGroupMargin);
+  whole->addWidget(stack);
+  for (const LayoutRow& rows : row.rows) {
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kSpacing);
+    AddRows(*column, rows.rows);
+    if (!Stretches(rows.rows)) column->addStretch(1);
+    for (QWidget* widget : page->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      QSizePolicy policy = widget->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      widget->setSizePolicy(policy);
+    }
+    stack->addWidget(page);
+  }
+  stack->setCurrentIndex(strip.Tab());
+  stack->show();
+  return holder;
+}
+
+void AddGrid(QVBoxLayout& column, const LayoutRow& row) {
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(kSpacing);
+  grid->setVerticalSpacing(kSpacing / 2);
+  for (int i = 0; i < static_cast<int>(row.controls.size()); ++i) {
+    const Control* cell = row.controls[static_cast<std::size_t>(i)];
+    const int place = i % row.columns;
+    if (!cell) {
+      grid->setColumnMinimumWidth(place, kMargin);
+      continue;
+    }
+    QWidget* widget = WidgetOf(*cell);
+    if (cell->kind() == ControlKind::Label) {
+      static_cast<QLabel*>(widget)->setWordWrap(false);
+    } else if (cell->Width() > 0) {
+      widget->setMinimumWidth(ToPixels(cell->Width()));
+      grid->setColumnStretch(place, cell->Width());
+    }
+    grid->addWidget(widget, i / row.columns, place);
+  }
+  column.addLayout(grid);
 }
 
 void AddBeside(QVBoxLayout& column, const LayoutRow& row) {
@@ -167,6 +224,15 @@ void AddRows(QVBoxLayout& column, const Layout& rows) {
         break;
       case LayoutRow::Kind::Beside:
         AddBeside(column, row);
+        break;
+      case LayoutRow::Kind::Column:
+        AddRows(column, row.rows);
+        break;
+      case LayoutRow::Kind::Pages:
+        column.addWidget(PreparedPages(row), 1);
+        break;
+      case LayoutRow::Kind::Grid:
+        AddGrid(column, row);
         break;
       case LayoutRow::Kind::Wide:
       case LayoutRow::Kind::Stretch:

@@ -3,9 +3,11 @@
 
 #include <QAbstractListModel>
 #include <QComboBox>
+#include <QFrame>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
 #include <QTimer>
 
 #include "platform/controls/Lists.h"
@@ -193,6 +195,12 @@ class RowsPeer : public ListPeer {
       const QModelIndexList rows = Own()->selectionModel()->selectedIndexes();
       if (!Mirroring() && !rows.isEmpty()) doings_.pick(rows.first().row());
     });
+    landing_ = new QFrame(Own()->viewport());
+    landing_->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    landing_->setLineWidth(kLandingLine);
+    landing_->setForegroundRole(QPalette::Highlight);
+    landing_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    landing_->hide();
     connect(Own(), &QListView::doubleClicked, this, [this] { this->control().UserDblClick(); });
     UpdateAll();
   }
@@ -211,6 +219,11 @@ class RowsPeer : public ListPeer {
     }
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == Own()->viewport() && MovesRows()) {
+      const QPointer<RowsPeer> self(this);
+      FollowDrag(*event);
+      if (!self) return true;
+    }
     // With the keyboard the toolkit makes the first row its current one, and draws it much like a
     // selected one.
     if (event->type() == QEvent::FocusIn) {
@@ -233,8 +246,53 @@ class RowsPeer : public ListPeer {
   }
 
  private:
+  static constexpr int kLandingLine = 3;  // pixels
+
   QListView* Own() { return static_cast<QListView*>(Widget()); }
+  bool MovesRows() const {
+    const Control& list = control();
+    return list.kind() == ControlKind::ListBox && static_cast<const ListBox&>(list).RowsMove;
+  }
+  // The press selects its row ahead of the toolkit, so that MouseDown finds it selected. Handlers
+  // may close the window: nothing of this object is used behind them.
+  void FollowDrag(const QEvent& event) {
+    const auto left = [&event] {
+      return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+    };
+    if (event.type() == QEvent::MouseMove && pressed_ >= 0) {
+      ShowLanding(RowAt(event));
+    } else if (event.type() == QEvent::MouseButtonPress && left()) {
+      const QPointer<RowsPeer> self(this);
+      RefreshNow();
+      const int row = RowAt(event);
+      if (row < 0) return;
+      Own()->setCurrentIndex(model().index(row));
+      if (!self) return;
+      pressed_ = row;
+      control().UserMouseDown(MouseButton::Left);
+    } else if (event.type() == QEvent::MouseButtonRelease && left() && pressed_ >= 0) {
+      pressed_ = -1;
+      landing_->hide();
+      control().UserMouseUp(MouseButton::Left);
+    }
+  }
+  int RowAt(const QEvent& event) {
+    return Own()->indexAt(static_cast<const QMouseEvent&>(event).position().toPoint()).row();
+  }
+  // A row that moves down lands below the one under the pointer, one that moves up above it.
+  void ShowLanding(int row) {
+    landing_->setVisible(row >= 0 && row != pressed_);
+    if (row < 0) return;
+    const QRect place = Own()->visualRect(model().index(row));
+    const int edge = row > pressed_ ? place.bottom() + 1 : place.top();
+    landing_->setGeometry(0, std::max(0, edge - kLandingLine / 2), Own()->viewport()->width(),
+                          kLandingLine);
+    landing_->raise();
+  }
+
   Doings doings_;
+  QFrame* landing_ = nullptr;  // where the dragged row would land
+  int pressed_ = -1;           // row under the button that is down
 };
 
 }  // namespace

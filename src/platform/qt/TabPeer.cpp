@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QStackedWidget>
 #include <QStyleOptionTabWidgetFrame>
 #include <QTabBar>
 
@@ -81,6 +82,10 @@ class TabPeer : public WidgetPeer {
       ShowTabs();
     } else if (prop == Prop::Tab) {
       Row().setCurrentIndex(strip_.Tab());
+      if (auto* pages =
+              Widget()->findChild<QStackedWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        pages->setCurrentIndex(strip_.Tab());
+      }
       for (Control* child : strip_.Children()) {
         if (child->peer()) child->peer()->Update(Prop::Page);
       }
