@@ -25,7 +25,8 @@ std::optional<std::string> AskForFile() {
       FileDialog::kOverwritePrompt | FileDialog::kHideReadOnly | FileDialog::kPathMustExist;
   dialog.defaultExtension = "txt";
   dialog.filter = "Text File (*.txt) | *.txt";
-  dialog.initialFolder = Session().ExportPath;
+  dialog.initialFolder = Session().ExportPath.empty() ? desktop().backend().application().Folder()
+                                                      : Session().ExportPath;
   for (;;) {
     std::optional<std::string> name = desktop().ChooseFile(dialog);
     if (!name || !IsReservedName(*name)) return name;

@@ -45,7 +45,7 @@ std::vector<TourStep> OutputSteps(QtBackend& backend) {
       {"", [] { return MenuShows("Main Menu"); }, open("RP.WS.MENU")},
       {"", ReportMenu, open("RP*STOCKCOUNT")},
       {"report-viewer", report, key(Qt::Key_F, Qt::ControlModifier)},
-      {"", report, type("toner")},
+      {"", report, type("drill")},
       {"", report, [user] { user.Click(Form<frmReport>().chkHeading); }},
       {"report-search", report, [user] { user.Click(Form<frmReport>().cmdNext); }},
       {"report-next-match", report, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
