@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # ./bench.sh [NAME]: builds release and runs the benchmarks, all or one (records, receiver, menu,
-# screen, terminal, window).
+# screen, report, terminal, window).
 # One tab-separated line a figure: name, value, unit, peer, the peer's value, ratio of ours to the
 # peer's; the last three are empty where there is no peer.
 set -euo pipefail

@@ -61,6 +61,16 @@ class FarEndTest : public ::testing::Test, public ClientTest {
   }
   bool InFront(const Window* window) { return window && desktop().focus().Front() == window; }
 
+  // Its middle is that of the terminal window's place on the screen, to a twip of rounding.
+  static void ExpectOverTelnetWindow(const Window& window) {
+    const mdiMain& main = *LoadedForm<mdiMain>();
+    const frmTelnet& telnet = *LoadedForm<frmTelnet>();
+    const int left = main.Left() + main.FrameWidth() / 2 + telnet.Left();
+    const int top = main.Top() + main.FrameHeight() + telnet.Top();
+    EXPECT_NEAR(2 * window.Left() + window.Width(), 2 * left + telnet.Width(), 2);
+    EXPECT_NEAR(2 * window.Top() + window.Height(), 2 * top + telnet.Height(), 2);
+  }
+
   std::vector<std::string> asked;
 
  private:

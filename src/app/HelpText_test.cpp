@@ -60,6 +60,14 @@ TEST_F(HelpTextTest, TheMessageFillsTheWindow) {
   EXPECT_EQ(Help().txtHelp.Text(), "");
 }
 
+TEST_F(HelpTextTest, StandsOverTheTerminalWindow) {
+  Form<mdiMain>().Left = 900;
+  Form<mdiMain>().Top = 600;
+  backend.RunUntilIdle();
+  Show();
+  ExpectOverTelnetWindow(Help());
+}
+
 TEST_F(HelpTextTest, LeavingUnchangedAnswersWithAnEmptyLine) {
   const std::function<void()> ways[] = {[this] { user.Click(Help().cmdExit); },
                                         [this] { user.Click(Help().cmdSave); },

@@ -114,6 +114,39 @@ TEST_F(ReportTest, AFileLostHalfWayAndAFolderThatIsGone) {
   EXPECT_TRUE(TerminalEnabled());
 }
 
+// A device that is always full stands for the disk.
+TEST_F(ReportTest, AFullDisk) {
+  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "there is no such device here";
+  LogIn();
+  Deliver(FrameOf({"~CAPTURE-ON~", "", "", ""}));
+  const std::string usual = std::exchange(Session().CaptureFile, "/dev/full");
+  Deliver("one\r\n");
+  Deliver("two\r\n");
+  Session().CaptureFile = usual;
+  Deliver("three\r\n");
+  Deliver(FrameOf({"~CAPTURE-OFF~"}));
+  EXPECT_EQ(BoxTexts(), Texts{"The report can't be written to /dev/full\n\nNo space left on device"
+                              "\n\nParts of it will be missing."});
+  EXPECT_EQ(LinesOf(*LoadedForm<frmReport>()), Texts{"three"});
+}
+
+// The setting keeps the last lines of a report that the network joins with what ends it.
+TEST_F(ReportTest, LastLinesInTheBlockOfTheClosingFrame) {
+  LogIn();
+  const auto capture = [this] {
+    Deliver(FrameOf({"~CAPTURE-ON~", "", "", ""}));
+    Deliver("first\r\n");
+    Deliver("last\r\n" + FrameOf({"~CAPTURE-OFF~"}));
+    const Texts lines = LinesOf(*LoadedForm<frmReport>());
+    Do([] { Form<frmReport>().Unload(); });
+    return lines;
+  };
+  EXPECT_EQ(capture(), Texts{"first"});
+  EXPECT_TRUE(ScreenShows("last"));
+  Session().CutAtFrames = 1;
+  EXPECT_EQ(capture(), (Texts{"first", "last"}));
+}
+
 TEST_F(ReportTest, ALinkLostInACaptureLeavesForceOffAsTheWayOut) {
   LogIn();
   Deliver(FrameOf({"~CAPTURE-ON~", "", "", ""}));

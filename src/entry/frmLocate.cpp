@@ -7,6 +7,7 @@
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
+#include "terminal/frmTelnet.h"
 
 namespace quorvel {
 namespace {
@@ -40,7 +41,7 @@ frmLocate::frmLocate() : Window(Kind::Dialog, "frmLocate") {
 }
 
 void frmLocate::Form_Load() {
-  if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
+  if (frmTelnet* parent = LoadedForm<frmTelnet>()) Ask().CenterOnParent(*parent, *this);
   for (Control* control :
        {static_cast<Control*>(&cmdContinue), static_cast<Control*>(&lblFound),
         static_cast<Control*>(&lblLimiter), static_cast<Control*>(&txtLimiter)}) {

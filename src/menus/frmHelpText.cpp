@@ -7,6 +7,7 @@
 #include "link/SessionState.h"
 #include "link/TelnetControl.h"
 #include "platform/controls/Desktop.h"
+#include "terminal/frmTelnet.h"
 
 namespace quorvel {
 namespace {
@@ -52,7 +53,7 @@ frmHelpText::frmHelpText() : Window(Kind::Dialog, "frmHelpText") {
 void frmHelpText::Form_Load() {
   Width = kWidth;
   Height = kHeight;
-  if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
+  if (frmTelnet* parent = LoadedForm<frmTelnet>()) Ask().CenterOnParent(*parent, *this);
   TakeMessage();
 }
 

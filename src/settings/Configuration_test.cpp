@@ -173,7 +173,7 @@ std::string FileOf(const std::vector<Key>& keys, std::string Key::*value) {
 
 TEST_F(ConfigurationTest, EveryKeyHasItsDefaultAndIsRead) {
   const std::vector<Key> keys = Keys();
-  ASSERT_EQ(keys.size(), 43u + 4 * 16 + 10);
+  ASSERT_EQ(keys.size(), 44u + 4 * 16 + 10);
   Load("missing.inf");
   for (const Key& key : keys) EXPECT_EQ(key.value(Session()), key.byDefault) << key.key;
   EXPECT_EQ(Session().MagicChar, "\x7F");

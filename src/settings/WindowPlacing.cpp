@@ -12,16 +12,30 @@ int Rounded(double length) {
   return static_cast<int>(std::nearbyint(length));
 }
 
+struct Place {
+  int left;
+  int top;
+};
+
+// A child's own place counts from the inside of the main window.
+Place PlaceOnScreen(const Window& window) {
+  const Window* main = desktop().Main();
+  if (window.kind() != Window::Kind::Child || !main) return {window.Left(), window.Top()};
+  return {main->Left() + main->FrameWidth() / 2 + window.Left(),
+          main->Top() + main->FrameHeight() + window.Top()};
+}
+
 }  // namespace
 
 void CenterOnParent(Window& parent, Window& child) {
   const ScreenMetrics screen = desktop().backend().Screen();
-  double left = parent.Left() + (parent.Width() - child.Width()) / 2.0;
+  const Place place = PlaceOnScreen(parent);
+  double left = place.left + (parent.Width() - child.Width()) / 2.0;
   // Not flush with the right edge, as the rule for the height might suggest: at the left one, and
   // one twip off it when the widths are equal.
   if (left + child.Width() > screen.width) left = screen.width == child.Width() ? -1 : 0;
   const double divisor = child.Name() == "frmConnect" ? 1.2 : 2.0;
-  double top = parent.Top() + (parent.Height() - child.Height()) / divisor;
+  double top = place.top + (parent.Height() - child.Height()) / divisor;
   if (top + child.Height() > screen.height) top = screen.height - child.Height();
   child.Left = Rounded(left);
   child.Top = Rounded(top);

@@ -96,7 +96,7 @@ TEST(SessionOverTcp, TwoSessionsScreensAndALostLink) {
       {"", [] { return MenuShows("Main Menu"); }, [&] { host.Stop(); }},
       {"", [] { return SessionOver(); }, nullptr},
   };
-  for (const auto& part : {ScreenSteps(backend), ImageAndFaxSteps(backend)}) {
+  for (const auto& part : {ScreenSteps(backend), ImageAndFaxSteps(backend), OutputSteps(backend)}) {
     for (const TourStep& step : part) steps.push_back({"", step.ready, step.act});
   }
   steps.insert(steps.end(), end.begin(), end.end());

@@ -109,6 +109,8 @@ class Window : public Container, public Observed, public std::enable_shared_from
 
   // The frame around the inside (title bar, menu bar, borders), as the backend measures it.
   void AdoptFrame(int horizontal, int vertical);
+  int FrameWidth() const { return frameWidth_; }    // both sides
+  int FrameHeight() const { return frameHeight_; }  // title, menu bar and the lower border
   WindowPeer* peer() const { return peer_.get(); }
   void PropertyChanged(Prop prop) override;
 

@@ -9,6 +9,7 @@
 #include <QPrinterInfo>
 #include <QStandardPaths>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "platform/RuntimeError.h"
@@ -87,7 +88,8 @@ std::string QtPrinter::FontName() {
 }
 
 double QtPrinter::FontSize() {
-  return QFontInfo(FontFor(kUsualColumns, 0)).pointSizeF();
+  const QFont onPaper(FontFor(kUsualColumns, 0), &Current());
+  return std::round(QFontInfo(onPaper).pointSizeF() * 10) / 10;  // its dots are no whole points
 }
 
 // The font of the program; without one, the biggest of usual size that has `columns` in `width`.
