@@ -1,7 +1,9 @@
 #include "app/tour/Hands.h"
 
 #include <QApplication>
+#include <QListView>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QTest>
 
 #include "link/SessionState.h"
@@ -54,6 +56,16 @@ void Hands::RightClick(Control& control) const {
   QWidget* const widget = backend_.WidgetOf(control);
   QCursor::setPos(widget->mapToGlobal(widget->rect().center()));
   QTest::mouseClick(widget, Qt::RightButton);
+}
+
+void Hands::MouseOnRow(ListBox& list, QEvent::Type type, int row) const {
+  auto* view = qobject_cast<QListView*>(backend_.WidgetOf(list));
+  const QRect place = view->visualRect(view->model()->index(row, 0));
+  const bool up = type == QEvent::MouseButtonRelease;
+  QMouseEvent event(type, place.center(), view->viewport()->mapToGlobal(place.center()),
+                    type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                    up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(view->viewport(), &event);
 }
 
 void Hands::Key(int key, Qt::KeyboardModifiers modifiers) const {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QEvent>
 #include <Qt>
 #include <string>
 
 #include "platform/controls/Desktop.h"
+#include "platform/controls/Lists.h"
 #include "platform/qt/QtBackend.h"
 
 class QWidget;
@@ -32,6 +34,8 @@ class Hands {
 
   void Click(Control& control) const;
   void RightClick(Control& control) const;
+  // One step of a drag: press, move or release of the left button in the middle of a row.
+  void MouseOnRow(ListBox& list, QEvent::Type type, int row) const;
   void Key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
   // Latin-1 text into what has the keyboard; CR is Enter.
   void Type(const char* text) const;

@@ -52,4 +52,7 @@ std::vector<TourStep> ImageAndFaxSteps(QtBackend& backend);
 // A report in the viewer, from the main menu and back.
 std::vector<TourStep> OutputSteps(QtBackend& backend);
 
+// The settings, keys, buttons and bookmarks, from the main menu and back; nothing is kept.
+std::vector<TourStep> SettingsSteps(QtBackend& backend);
+
 }  // namespace quorvel

@@ -136,9 +136,12 @@ QWidget* PreparedGroup(const LayoutRow& row) {
   column->setContentsMargins(kGroupMargin, kGroupMargin, kGroupMargin, kGroupMargin);
   column->setSpacing(kSpacing);
   AddRows(*column, row.rows);
-  if (!Stretches(row.rows)) column->addStretch(1);
   const Control& holder = *row.controls.front();
-  if (holder.kind() == ControlKind::Panel) frame->setFixedHeight(ToPixels(holder.Height()));
+  if (holder.kind() == ControlKind::Panel) {
+    frame->setFixedHeight(ToPixels(holder.Height()));
+  } else if (!Stretches(row.rows)) {
+    column->addStretch(1);
+  }
   return frame;
 }
 

@@ -198,7 +198,7 @@ class RowsPeer : public ListPeer {
     landing_ = new QFrame(Own()->viewport());
     landing_->setFrameStyle(QFrame::HLine | QFrame::Plain);
     landing_->setLineWidth(kLandingLine);
-    landing_->setForegroundRole(QPalette::Highlight);
+    landing_->setForegroundRole(QPalette::Text);
     landing_->setAttribute(Qt::WA_TransparentForMouseEvents);
     landing_->hide();
     connect(Own(), &QListView::doubleClicked, this, [this] { this->control().UserDblClick(); });
