@@ -9,6 +9,7 @@
 #include "link/SessionState.h"
 #include "menus/frmHelpText.h"
 #include "menus/frmSubMenu.h"
+#include "menus/mdiMain.h"
 
 namespace quorvel {
 namespace {
@@ -82,6 +83,45 @@ std::vector<TourStep> ScreenSteps(QtBackend& backend) {
       {"record-saved", KeyEntry, typeInto(kKey, "C1001\r")},
       {"", [] { return FieldShows(kPhone, "555-0199"); }, click(&frmEntry::cmdCancel)},
       {"", KeyEntry, click(&frmEntry::cmdExit)},
+  };
+  // clang-format on
+}
+
+std::vector<TourStep> OtherScreenSteps(QtBackend& backend) {
+  const Hands user(backend);
+  const auto mainMenu = [] { return MenuShows("Main Menu") && !BoxShows(); };
+  const auto open = [user](const char* option) { return [user, option] { user.Open(option); }; };
+  const auto type = [user](const char* text) { return [user, text] { user.Type(text); }; };
+  const auto record = [] { return Screen() && !Screen()->cmdOK.Enabled(); };
+  const auto size = [](int width, int height) {
+    return [width, height] {
+      Form<mdiMain>().Width = width;
+      Form<mdiMain>().Height = height;
+    };
+  };
+  const auto leave = [user] { user.Click(Screen()->cmdCancel); };
+  const auto close = [user] { user.Click(Screen()->cmdExit); };
+
+  // clang-format off
+  return {
+      {"", mainMenu, open("IC.ITEM")},
+      {"", KeyEntry, type("I101\r")},
+      {"item-screen", record, size(19800, 13200)},
+      {"item-screen-large", record, size(10500, 7800)},
+      {"item-screen-small", record, size(13200, 9600)},
+      {"", record, leave},
+      {"", KeyEntry, close},
+      {"", mainMenu, open("AR.PRICE")},
+      {"", KeyEntry, [user] { user.Type("C1003"); user.Key(Qt::Key_Tab); }},
+      {"", KeyEntry, type("I127\r")},
+      {"key-of-two-parts", KeyEntry, [user] { user.Click(Screen()->cmdOK); }},
+      {"price-screen", record, leave},
+      {"", KeyEntry, close},
+      {"", mainMenu, open("SO.ORDER")},
+      {"", KeyEntry, type("5001\r")},
+      {"order-screen", record, leave},
+      {"", KeyEntry, close},
+      {"", mainMenu, type("")},
   };
   // clang-format on
 }

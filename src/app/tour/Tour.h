@@ -47,6 +47,8 @@ class Tour : public QObject {
 std::vector<TourStep> TourSteps(QtBackend& backend);
 // Those on its customer screen, from the open screen until it is left.
 std::vector<TourStep> ScreenSteps(QtBackend& backend);
+// The other screens of the sample host, in windows of several sizes; from the main menu and back.
+std::vector<TourStep> OtherScreenSteps(QtBackend& backend);
 // From the main menu: a picture and a fax; leaves a report that is being closed.
 std::vector<TourStep> ImageAndFaxSteps(QtBackend& backend);
 // A report in the viewer, from the main menu and back.

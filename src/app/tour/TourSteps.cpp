@@ -68,8 +68,9 @@ std::vector<TourStep> TourSteps(QtBackend& backend) {
       {"", [] { return !DialogShows<frmConnect>(); }, nullptr},
   };
   // clang-format on
-  for (std::vector<TourStep> part : {ScreenSteps(backend), ImageAndFaxSteps(backend),
-                                     OutputSteps(backend), SettingsSteps(backend), end}) {
+  for (std::vector<TourStep> part :
+       {ScreenSteps(backend), OtherScreenSteps(backend), ImageAndFaxSteps(backend),
+        OutputSteps(backend), SettingsSteps(backend), end}) {
     std::move(part.begin(), part.end(), std::back_inserter(steps));
   }
   return steps;

@@ -12,6 +12,11 @@ ReportView::ReportView(Container& parent, std::string name, int index)
   Created();
 }
 
+// The peer goes first: its widget looks at the lines once more when it loses the keyboard.
+ReportView::~ReportView() {
+  SetPeer(nullptr);
+}
+
 void ReportView::Clear() {
   lines_.Clear();
   current_ = anchor_ = 0;

@@ -14,6 +14,7 @@ namespace quorvel {
 class ReportView : public Control {
  public:
   ReportView(Container& parent, std::string name, int index = -1);
+  ~ReportView() override;
   ControlKind kind() const override { return ControlKind::ReportView; }
 
   // --- the lines

@@ -23,6 +23,11 @@ Terminal::Terminal(Container& parent, std::string name, int index)
   Created();
 }
 
+// The peer goes first: its widget looks at the screen once more when it loses the keyboard.
+Terminal::~Terminal() {
+  SetPeer(nullptr);
+}
+
 void Terminal::Apply(Prop mode) {
   switch (mode) {
     case Prop::TermType:

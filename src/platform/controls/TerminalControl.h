@@ -14,6 +14,7 @@ namespace quorvel {
 class Terminal : public Control {
  public:
   Terminal(Container& parent, std::string name, int index = -1);
+  ~Terminal() override;
   ControlKind kind() const override { return ControlKind::Terminal; }
 
   // --- settings

@@ -58,6 +58,10 @@ void ReportWidget::TakeChange(Prop prop) {
       break;
     case Prop::ListIndex:
       BringIntoView(view_->Current());
+      if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent changed(this, CurrentLine());
+        QAccessible::updateAccessibility(&changed);
+      }
       break;
     case Prop::Selection:
       if (view_->Marked().length > 0) BringIntoView(view_->Marked());
@@ -72,6 +76,11 @@ void ReportWidget::TakeChange(Prop prop) {
       return;
   }
   viewport()->update();
+}
+
+QString ReportWidget::CurrentLine() const {
+  if (!view_ || LineCount() == 0) return {};
+  return ToCaption(view_->Lines().At(view_->Current()));
 }
 
 int ReportWidget::HeadingHeight() const {

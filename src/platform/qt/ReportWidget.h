@@ -19,6 +19,8 @@ class ReportWidget : public QAbstractScrollArea {
 
   // Something of the control has changed.
   void TakeChange(Prop prop);
+  // The line that the keyboard is on, for screen readers.
+  QString CurrentLine() const;
   // The control goes; its widget may live a little longer.
   void Forget() { view_ = nullptr; }
 
