@@ -1,6 +1,7 @@
 // What becomes of a report on the workstation: viewer, search, export.
 #include <QApplication>
 #include <QFileDialog>
+#include <QPrintDialog>
 
 #include "app/tour/Hands.h"
 #include "app/tour/Tour.h"
@@ -24,8 +25,9 @@ bool ReportShows(std::size_t lines) {
   return report && report->IsVisible() && report->txtReport.Lines().Count() >= lines;
 }
 
-bool FileDialogShows() {
-  return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr;
+template <class Dialog>
+bool DialogOfToolkitShows() {
+  return qobject_cast<Dialog*>(QApplication::activeModalWidget()) != nullptr;
 }
 
 }  // namespace
@@ -48,7 +50,9 @@ std::vector<TourStep> OutputSteps(QtBackend& backend) {
       {"", report, type("drill")},
       {"", report, [user] { user.Click(Form<frmReport>().chkHeading); }},
       {"report-search", report, [user] { user.Click(Form<frmReport>().cmdNext); }},
-      {"report-next-match", report, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
+      {"report-next-match", report, [] { Form<frmReport>().mnuFilePrint.UserClick(); }},
+      {"printer", [] { return DialogOfToolkitShows<QPrintDialog>(); }, key(Qt::Key_Escape)},
+      {"", [report] { return report() && !DialogOfToolkitShows<QPrintDialog>(); }, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
       {"export-parameters", parameters, [user] { user.Click(Form<frmExpParm>().txtDesc); }},
       {"", parameters, type("Read it aloud")},
       {"", parameters, [user] { user.Click(Form<frmExpParm>().txtCmd); }},
@@ -57,7 +61,7 @@ std::vector<TourStep> OutputSteps(QtBackend& backend) {
       {"export-folder", [] { return DialogShows<frmBrowseExp>(); }, key(Qt::Key_Escape)},
       {"", [] { return !DialogShows<frmBrowseExp>(); }, [user] { user.Click(Form<frmExpParm>().cmdOK); }},
       {"", [] { return !DialogShows<frmExpParm>(); }, [] { Form<frmReport>().mnuFileExport.UserClick(); }},
-      {"export-file", FileDialogShows, type("stockcount.txt\r")},
+      {"export-file", [] { return DialogOfToolkitShows<QFileDialog>(); }, type("stockcount.txt\r")},
       {"export-choice", [] { return DialogShows<frmExpSel>(); }, key(Qt::Key_Return)},
       {"", [report] { return report() && !DialogShows<frmExpSel>(); },
        [] { Form<frmReport>().mnuFileExit.UserClick(); }},

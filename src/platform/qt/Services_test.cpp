@@ -73,7 +73,7 @@ QByteArray Encoded(const char* format) {
   return image.save(&buffer, format) ? bytes : QByteArray();
 }
 
-// A picture of one black pixel, as the GIF89a specification has it: 5 colour bits are not written
+// A picture of one black pixel, as GIF89a has it: 5 colour bits are not written
 // by the toolkit.
 const QByteArray kGif =
     QByteArray::fromHex("47494638396101000100800000000000ffffff2c00000000010001000002024401003b");
