@@ -14,6 +14,8 @@
 namespace quorvel {
 namespace {
 
+constexpr int kPrinterDialogWidth = 560;  // pixels: room for a path
+
 // True when the user has agreed. The end of the program leaves the dialog's loop like a cancel.
 bool IsAgreed(QDialog& dialog, const char* name) {
   dialog.setObjectName(QLatin1String(name));
@@ -71,7 +73,9 @@ std::optional<quorvel::Font> QtDialogs::ChooseFont(const quorvel::Font& present)
 }
 
 bool QtDialogs::ChoosePrinter() {
+  printer_.OfferFile();
   QPrintDialog dialog(&printer_.Current());
+  dialog.setMinimumWidth(kPrinterDialogWidth);
   if (!IsAgreed(dialog, "PrinterDialog")) return false;
   printer_.TakeChoice();
   return true;

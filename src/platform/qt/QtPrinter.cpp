@@ -67,6 +67,10 @@ bool QtPrinter::PrintsToFile() {
          Current().outputFormat() == QPrinter::PdfFormat;
 }
 
+void QtPrinter::OfferFile() {
+  if (PrintsToFile()) Current().setOutputFileName(NewPdfName());
+}
+
 void QtPrinter::TakeChoice() {
   chosen_ = true;
   chosenFile_ =

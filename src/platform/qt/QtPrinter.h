@@ -14,8 +14,9 @@ class QPainter;
 namespace quorvel {
 
 // The current printer. Where the system has none, each document becomes a PDF file: the one that
-// the user has chosen, or for a screen one of its own in the user's folder for documents. Text is printed in a font of fixed pitch; what does not fit the
-// width of the page goes on in the next line.
+// the user has chosen, or for a screen one of its own in the user's folder for documents. Text is
+// printed in a font of fixed pitch; what does not fit the width of the page goes on in the next
+// line.
 class QtPrinter : public Printer {
  public:
   QtPrinter();
@@ -31,6 +32,8 @@ class QtPrinter : public Printer {
 
   // For the dialog that sets it up.
   QPrinter& Current();
+  // The dialog is about to open: a name for the file that it may print to.
+  void OfferFile();
   // The dialog has set it up: what it says of a file is new.
   void TakeChoice();
 
