@@ -22,7 +22,7 @@ bool WantsFixedPitch(const QString& name) {
          name.compare(QLatin1String("Terminal"), Qt::CaseInsensitive) == 0;
 }
 
-QFont FixedPitch() {
+QFont FindFixedPitch() {
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   // Complete in what a terminal shows, and of a truly fixed pitch in both weights.
   if (QFontDatabase::hasFamily(QStringLiteral("DejaVu Sans Mono"))) {
@@ -30,6 +30,12 @@ QFont FixedPitch() {
   }
   font.setStyleHint(QFont::Monospace);
   font.setFixedPitch(true);
+  return font;
+}
+
+// Looked up once: asking the system for each control of a screen was a third of its building.
+QFont FixedPitch() {
+  static const QFont font = FindFixedPitch();
   return font;
 }
 
