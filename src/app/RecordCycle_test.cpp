@@ -1,5 +1,7 @@
 // The round of a record on a data-entry screen: key, lock, read, change, save, delete, cancel.
 
+#include <map>
+
 #include "app/EntryTest.h"
 
 namespace quorvel {
@@ -242,6 +244,36 @@ TEST_F(RecordCycleTest, HooksInTheirOrder) {
   hooks();
   Click(Screen().cmdCancel);
   EXPECT_EQ(hooks(), (Texts{"BeforeExitWoSave 0", "ExitWoSave 0", "LOCK"}));
+}
+
+TEST_F(RecordCycleTest, FieldsAreShownAheadOfAfterRead) {
+  Open({{1,
+         "2\xFD"
+         "3\xFD"
+         "4"},
+        {2, DefinitionOf({{1, PlaceAt(10, 1, 8)}, {5, "X"}, {6, "CUST.ID"}})},
+        {3, Stored(2, 1, 20, {{6, "NAME"}, {26, "NNNY"}})},
+        {4, Stored(3, 2, 10, {{6, "BAL"}, {26, "---Y"}})}},
+       "CASE");
+  Put("DATA", "100", RecordOf({{1, "Acme"}, {2, "1250"}}));
+  EnterKey("100");
+  EXPECT_EQ(TakeRequests(), (Texts{"LOCK AR.X DATA 100 L", "READ DATA 100", "HOOK bo_NAME 3",
+                                   "HOOK bo_BAL 4", "HOOK AfterRead 0"}));
+}
+
+// Behind the cancel the host is told of the record as it was found.
+TEST_F(RecordCycleTest, ExitWoSaveHasTheRecordRestored) {
+  OpenCustomers("CASE");
+  std::map<std::string, std::string> names;  // hook: the name in its record
+  onHook = [&](const Texts& f) {
+    names[f[4]] = ExtractOf(f[5], 3, 0, 0);
+    return HookReply(f, f[4], "");
+  };
+  EnterKey("100");
+  Enter(3, "Changed");
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(names["BeforeExitWoSave"], "Changed");
+  EXPECT_EQ(names["ExitWoSave"], "Acme");
 }
 
 TEST_F(RecordCycleTest, WhatTheHostsAnswersDo) {
