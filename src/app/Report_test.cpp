@@ -220,6 +220,25 @@ TEST_F(ReportTest, SearchGoesRoundAndCounts) {
   EXPECT_TRUE(report.IsVisible());
 }
 
+// The host captures again while the viewer shows what the user has searched.
+TEST_F(ReportTest, AnotherReportInTheOpenViewer) {
+  frmReport& report = Capture({std::string(500, '.') + "needle\r\nneedle\r\n"});
+  report.txtFind.SetFocus();
+  user.Type("needle");
+  user.Press(KeyCode::F3);
+  EXPECT_EQ(report.lblMatches.Caption(), "2 of 2");
+  EXPECT_EQ(LinesOf(Capture({"a needle\r\n"})), Texts{"a needle"});
+  EXPECT_EQ(report.lblMatches.Caption(), "1 of 1");
+  for (const int shift : {kNoShift, kShift}) {
+    user.Press(KeyCode::F3, shift);
+    EXPECT_EQ(report.txtReport.Marked(), (ReportView::Mark{0, 2, 6}));
+  }
+  EXPECT_EQ(LinesOf(Capture({"\r\n"})), Texts{""});
+  user.Press(KeyCode::F3);
+  EXPECT_EQ(report.txtReport.Marked().length, 0u);
+  EXPECT_EQ(report.lblMatches.Caption(), "No match");
+}
+
 TEST_F(ReportTest, CopiesTheSelectedLines) {
   frmReport& report = Capture({"one\r\ntwo\rthree\r\nfour"});
   const auto copy = [&] {

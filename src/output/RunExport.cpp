@@ -41,17 +41,17 @@ void CopyReport(const std::string& fileName) {
                              std::filesystem::copy_options::overwrite_existing, ignored);
 }
 
+bool UserChooses() {
+  return Session().ExportType != 0 && Session().ExportType != 1;
+}
+
 // The entry to run, by what the host or the settings say, or the user chooses.
 std::string SettleEntry(const std::string& command) {
   const SessionState& s = Session();
   if (!command.empty()) return std::string(ExportCommand::kCommandColumn, ' ') + command;
-  if (s.ExportType == 0 || s.ExportType == 1) return DefaultExport(s.ExportCommands);
+  if (!UserChooses()) return DefaultExport(s.ExportCommands);
   Form<frmExpSel>().ShowModal();
   return s.SelectedExport;
-}
-
-bool UserChooses() {
-  return Session().ExportType != 0 && Session().ExportType != 1;
 }
 
 void StartCommand(const std::string& command) {

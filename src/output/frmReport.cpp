@@ -107,6 +107,8 @@ void frmReport::Form_Unload(bool&) {
 
 void frmReport::Fill(std::istream& file, std::size_t expectedBytes) {
   using Clock = std::chrono::steady_clock;
+  txtReport.Clear();
+  search_.Reset();
   ReportLines& lines = txtReport.Fill();
   const auto started = Clock::now();
   bool painted = false;
@@ -128,6 +130,8 @@ void frmReport::Fill(std::istream& file, std::size_t expectedBytes) {
     desktop().MsgBox("Memory exceeded! Choose Export to view entire report");
   }
   txtReport.Changed();
+  search_.Seek(txtFind.Text());
+  ShowMatches();
 }
 
 // --- search and copy
@@ -191,7 +195,6 @@ void ShowReport() {
   desktop().Yield();
   frmReport* const report = LoadedForm<frmReport>();
   if (!report) return;
-  report->txtReport.Clear();
   const auto size = std::filesystem::file_size(path, failed);
   report->Fill(file, failed ? 0 : static_cast<std::size_t>(size));
 }

@@ -34,8 +34,8 @@ class frmReport : public Window {
   MenuItem mnuOptExp{mnuOpt, "mnuOptExp", "&Export Parameters"};
   MenuItem mnuOptFax{mnuOpt, "mnuOptFax", "&Fax Settings"};
 
-  // Fills the list from a file, whose lines end at CR or CR LF. What does not fit into memory is
-  // told in a box; what fitted stays.
+  // Puts the lines of a file, which end at CR or CR LF, in place of those shown. What does not fit
+  // into memory is told in a box; what fitted stays.
   void Fill(std::istream& file, std::size_t expectedBytes);
 
  protected:
