@@ -73,10 +73,17 @@ std::string CommandStringFault(const std::string& text) {
   return {};
 }
 
-void InsertNotation(const Window& window, const std::string& notation) {
-  Control* box = window.ActiveControl();
-  if (!box || box->kind() != ControlKind::TextBox) return;
-  static_cast<TextBox*>(box)->Insert(notation);
+void BindInsertMenu(const Window& window, MenuItem& enter, MenuItem& escape, MenuItem& program) {
+  const auto inserting = [&window](const char* notation) {
+    return [&window, notation] {
+      Control* box = window.ActiveControl();
+      if (!box || box->kind() != ControlKind::TextBox) return;
+      static_cast<TextBox*>(box)->Insert(notation);
+    };
+  };
+  enter.Click = inserting("^[13]");
+  escape.Click = inserting("^[27]");
+  program.Click = inserting(kDosMark);
 }
 
 }  // namespace quorvel

@@ -4,6 +4,7 @@
 
 namespace quorvel {
 
+class MenuItem;
 class Window;
 
 // A command string as the user has bound it to a button or a function key. It is typed at the host
@@ -23,7 +24,8 @@ void SendCommandString(std::string& text);
 // characters".
 std::string CommandStringFault(const std::string& text);
 
-// Puts notation into the box of the window that has the keyboard, at the caret, as if typed.
-void InsertNotation(const Window& window, const std::string& notation);
+// Binds the entries of a window's Insert menu: each puts its notation into the box that has the
+// keyboard, at the caret, as if typed.
+void BindInsertMenu(const Window& window, MenuItem& enter, MenuItem& escape, MenuItem& program);
 
 }  // namespace quorvel

@@ -30,9 +30,7 @@ frmButtons::frmButtons() : Window(Kind::Dialog, "frmButtons") {
 
   cmdOK.Click = mnuFileSave.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = mnuFileExit.Click = [this] { Unload(); };
-  mnuInsertReturn.Click = [this] { InsertNotation(*this, "^[13]"); };
-  mnuInsertEscape.Click = [this] { InsertNotation(*this, "^[27]"); };
-  mnuInsertDos.Click = [this] { InsertNotation(*this, kDosMark); };
+  BindInsertMenu(*this, mnuInsertReturn, mnuInsertEscape, mnuInsertDos);
 }
 
 void frmButtons::BuildRows() {

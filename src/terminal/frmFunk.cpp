@@ -44,9 +44,7 @@ frmFunk::frmFunk() : Window(Kind::Dialog, "frmFunk") {
 
   cmdOK.Click = mnuFileSave.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = mnuFileExit.Click = [this] { Unload(); };
-  mnuInsertReturn.Click = [this] { InsertNotation(*this, "^[13]"); };
-  mnuInsertEscape.Click = [this] { InsertNotation(*this, "^[27]"); };
-  mnuInsertDos.Click = [this] { InsertNotation(*this, kDosMark); };
+  BindInsertMenu(*this, mnuInsertReturn, mnuInsertEscape, mnuInsertDos);
 }
 
 void frmFunk::LayOutRows() {
