@@ -4,7 +4,7 @@
 
 #include "entry/DateText.h"
 #include "entry/NumberText.h"
-#include "entry/TextCase.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {

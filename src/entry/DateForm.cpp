@@ -5,14 +5,10 @@
 #include "entry/Conversions.h"
 #include "entry/DateText.h"
 #include "entry/NumberText.h"
-#include "entry/TextCase.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // A day with what the forms show of it.
 struct Day {

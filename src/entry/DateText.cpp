@@ -5,6 +5,8 @@
 #include <ctime>
 #include <utility>
 
+#include "platform/PlainText.h"
+
 namespace quorvel {
 namespace {
 
@@ -26,9 +28,6 @@ sys_days DayOf(int serial) {
   return kSerialZero + days(serial);
 }
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool IsLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
@@ -93,9 +92,8 @@ struct Parts {
 
 // Two or three parts; none if the text is anything else.
 Parts PartsOf(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+  text = Trimmed(text);
+  if (text.empty()) return {};
   Parts parts;
   while (true) {
     const auto part = TakePart(text);

@@ -8,13 +8,11 @@
 
 #include "entry/Conversions.h"
 #include "entry/NumberText.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool IsFlag(char c) {
   return c == '$' || c == ',';
 }

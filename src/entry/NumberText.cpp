@@ -4,14 +4,11 @@
 #include <charconv>
 #include <cmath>
 
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvel {
 namespace {
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // Takes sign and "$" from the front of `text`; whether the number is negative.
 bool TakeFront(std::string_view& text) {
@@ -56,9 +53,7 @@ Shape ShapeOf(std::string_view digits) {
 }  // namespace
 
 std::optional<double> ParseNumber(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return std::nullopt;
-  text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+  text = Trimmed(text);
   const bool negative = TakeFront(text);
   const Shape shape = ShapeOf(text);
   if (!shape.valid) return std::nullopt;

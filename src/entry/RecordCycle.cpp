@@ -1,9 +1,9 @@
 #include "entry/RecordCycle.h"
 
 #include "entry/RecordMapping.h"
-#include "entry/TextCase.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {

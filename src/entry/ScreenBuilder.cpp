@@ -6,6 +6,7 @@
 #include "link/Marks.h"
 #include "link/SessionState.h"
 #include "platform/Numbers.h"
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
 
@@ -159,7 +160,7 @@ class Builder {
       bestDistance = distance;
     }
     if (!best) return {};
-    return best->text.substr(best->text.find_first_not_of(' '));
+    return std::string(WithoutLeadingBlanks(best->text));
   }
 
   const ScreenDefinition& definition_;

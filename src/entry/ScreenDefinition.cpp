@@ -4,15 +4,10 @@
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "platform/Numbers.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
-
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 // A number that leads a line ("12. Name") is for a terminal's user, who chooses a field by it. The
 // text keeps its column.

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "entry/NumberText.h"
-#include "entry/TextCase.h"
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
@@ -12,6 +11,7 @@
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
@@ -60,7 +60,7 @@ void frmList::Form_Load() {
   Height = kHeight;
   Caption = FieldOf(message, FS, 2);
   TakeLines(message);
-  Place(Trimmed(FieldOf(message, FS, 3)));
+  Place(std::string(Trimmed(FieldOf(message, FS, 3))));
   desktop().backend().SetMousePointer(MousePointer::Default);
 }
 

@@ -1,12 +1,12 @@
 #include "entry/frmLocate.h"
 
-#include "entry/TextCase.h"
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
+#include "platform/PlainText.h"
 #include "terminal/frmTelnet.h"
 
 namespace quorvel {
@@ -18,7 +18,7 @@ constexpr int kMostMatches = 8;
 // What the box holds, as it is searched for; the box shows it so.
 std::string TakeWord(TextBox& box) {
   box.Text = UpperCase(AsField(box.Text()));
-  return Trimmed(box.Text());
+  return std::string(Trimmed(box.Text()));
 }
 
 }  // namespace

@@ -9,18 +9,13 @@
 #include "link/frmPassword.h"
 #include "platform/Numbers.h"
 #include "platform/controls/Desktop.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
 
 std::string MessageField(std::int16_t n) {
   return FieldOf(Session().HostMessage, FS, n);
-}
-
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 // Most windows that answer the host give the keyboard back to the terminal, unless an entry screen
@@ -59,7 +54,7 @@ void TakeGenOut() {
   SessionState& s = Session();
   if (s.ScreenLoaded == kFalse) return;
   const std::int16_t number = ToInt16(MessageField(2));
-  const std::string value = Trimmed(MessageField(3));
+  const std::string value(Trimmed(MessageField(3)));
   const std::int16_t place = LocateIn(std::to_string(number), s.FieldList, VM);
   if (place == -1) return;
   if (FieldOf(s.FieldKinds, VM, place) == "C") {

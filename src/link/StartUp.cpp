@@ -1,8 +1,5 @@
 #include "link/StartUp.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Requests.h"
@@ -10,15 +7,10 @@
 #include "link/TelnetControl.h"
 #include "link/frmConnect.h"
 #include "platform/controls/Desktop.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
-
-std::string UpperCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return text;
-}
 
 // The word in HostName that stands for the address of the key orlan.
 constexpr const char* kAutoHost = "ORLAN";

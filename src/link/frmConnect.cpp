@@ -1,27 +1,21 @@
 #include "link/frmConnect.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "link/HandOvers.h"
+#include "link/Marks.h"
 #include "link/SessionState.h"
 #include "link/StartUp.h"
 #include "link/TelnetControl.h"
 #include "platform/Numbers.h"
 #include "platform/controls/Desktop.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
 
-constexpr int kEnter = 13;
-
 // `text` in the case that a setting asks for: "L" lower, "U" upper, anything else as it is.
 std::string InCase(std::string text, const std::string& setting) {
-  if (setting != "L" && setting != "U") return text;
-  const bool upper = setting == "U";
-  std::transform(text.begin(), text.end(), text.begin(), [upper](unsigned char c) {
-    return static_cast<char>(upper ? std::toupper(c) : std::tolower(c));
-  });
+  if (setting == "L") return LowerCase(std::move(text));
+  if (setting == "U") return UpperCase(std::move(text));
   return text;
 }
 
@@ -72,19 +66,19 @@ void frmConnect::HostName_GotFocus() {
 }
 
 void frmConnect::HostName_KeyPress(int& code) {
-  if (code != kEnter) return;
+  if (code != CR) return;
   code = 0;
   txtUserId.SetFocus();
 }
 
 void frmConnect::txtUserId_KeyPress(int& code) {
-  if (code != kEnter) return;
+  if (code != CR) return;
   code = 0;
   txtPassword.SetFocus();
 }
 
 void frmConnect::txtPassword_KeyPress(int& code) {
-  if (code != kEnter) return;
+  if (code != CR) return;
   code = 0;
   cmdConnect_Click();
 }

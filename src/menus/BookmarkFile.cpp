@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "link/Marks.h"
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
 
@@ -28,8 +29,7 @@ std::string ReadAll(std::ifstream& file) {
 }
 
 std::string ListLine(std::string_view line) {
-  line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-  std::string text(line);
+  std::string text(WithoutLeadingBlanks(line));
   std::replace(text.begin(), text.end(), VM, ',');
   std::replace(text.begin(), text.end(), AM, '"');
   return text;

@@ -1,9 +1,8 @@
 #include "menus/MenuTables.h"
 
-#include <cctype>
-
 #include "link/Marks.h"
 #include "link/Records.h"
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvel {
@@ -12,12 +11,6 @@ namespace {
 void Append(std::vector<std::string>& table, std::string_view entry) {
   if (table.size() >= MenuTables::kLast) throw RuntimeError(Failure::SubscriptOutOfRange);
   table.emplace_back(entry);
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 // Calls `take(attribute, number, isLast)` for every attribute, numbered from 1.
@@ -46,7 +39,7 @@ void ReadTabNames(MenuTables& tables, std::string_view names) {
     Append(tables.TabNames, names.substr(0, mark));
     names.remove_prefix(mark + 1);
   }
-  const std::string_view last = TrimBlanks(names);
+  const std::string_view last = Trimmed(names);
   if (!last.empty()) Append(tables.TabNames, last);
 }
 
@@ -79,9 +72,8 @@ MenuTables ReadMenu(const std::string& menuText, const std::string& menuCommands
 
 std::string OptionIcon(const std::string& optionId) {
   if (optionId.size() >= 3 && optionId[2] == '*') return "Report";
-  std::string end = optionId.size() > 4 ? optionId.substr(optionId.size() - 4) : optionId;
-  for (char& c : end) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return end == "MENU" ? "Menu" : "Program";
+  const std::string end = optionId.size() > 4 ? optionId.substr(optionId.size() - 4) : optionId;
+  return UpperCase(end) == "MENU" ? "Menu" : "Program";
 }
 
 }  // namespace quorvel

@@ -12,7 +12,6 @@
 namespace quorvel {
 namespace {
 
-constexpr int kEnter = 13;
 constexpr int kWidestTab = 2000;       // twips
 constexpr int kColumnMargin = 350;     // twips of a list that its column leaves free
 constexpr int kSmallestClient = 1000;  // twips; a lower main window leaves the menu as it is
@@ -76,11 +75,11 @@ void frmSubMenu::BindEvents() {
   for (auto& [page, list] : lstOptions) {
     list->DblClick = [this, page = page] { lstOptions_DblClick(page); };
     list->KeyPress = [this, page = page](int& code) {
-      if (code == kEnter) lstOptions_DblClick(page);
+      if (code == CR) lstOptions_DblClick(page);
     };
   }
   cboExecute.KeyPress = [this](int& code) {
-    if (code != kEnter) return;
+    if (code != CR) return;
     code = 0;
     cmdDo_Click();
   };

@@ -1,21 +1,11 @@
 #include "output/ExportCommands.h"
 
 #include <algorithm>
-#include <cctype>
+
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
-
-std::string UpperCase(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  return text;
-}
-
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') + 1 - first);
-}
 
 std::string From(const std::string& text, std::size_t at) {
   return at < text.size() ? text.substr(at) : std::string();
@@ -28,8 +18,8 @@ bool IsMarked(const std::string& entry) {
 }  // namespace
 
 ExportCommand ExportCommand::Parse(const std::string& entry) {
-  return {IsMarked(entry), Trimmed(From(entry, 2).substr(0, kDescription)),
-          Trimmed(From(entry, kCommandColumn + 1))};
+  return {IsMarked(entry), std::string(Trimmed(From(entry, 2).substr(0, kDescription))),
+          std::string(Trimmed(From(entry, kCommandColumn + 1)))};
 }
 
 std::string ExportCommand::Entry() const {
@@ -68,7 +58,7 @@ std::string CommandLineFor(const std::string& entry, const std::string& fileName
   } else {
     command.replace(at, 1, fileName);
   }
-  return From(command, command.find_first_not_of(' '));
+  return std::string(WithoutLeadingBlanks(command));
 }
 
 std::string WithShortFolder(const std::string& fileName) {

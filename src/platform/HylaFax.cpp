@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/PlainText.h"
+
 namespace quorvel {
 namespace {
 
@@ -15,9 +17,7 @@ std::string OneLine(std::string text, std::string_view special = {}) {
   std::replace_if(
       text.begin(), text.end(),
       [special](char c) { return IsControl(c) || special.find(c) != std::string_view::npos; }, ' ');
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  return std::string(Trimmed(text));
 }
 
 // A name may not hold what separates a name from an address.

@@ -4,16 +4,11 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvel {
 namespace {
-
-std::string_view TrimBlanks(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 // Parses all of `text` (no sign, no blanks); false if anything is left over.
 bool ParseUnsigned(std::string_view text, double& number) {
@@ -23,10 +18,10 @@ bool ParseUnsigned(std::string_view text, double& number) {
 }
 
 bool Parse(std::string_view text, double& number) {
-  text = TrimBlanks(text);
+  text = Trimmed(text);
   const bool negative = !text.empty() && text[0] == '-';
   if (!text.empty() && (text[0] == '-' || text[0] == '+')) text.remove_prefix(1);
-  if (!ParseUnsigned(TrimBlanks(text), number)) return false;
+  if (!ParseUnsigned(Trimmed(text), number)) return false;
   if (negative) number = -number;
   return true;
 }

@@ -1,10 +1,9 @@
 #include "settings/ApplySettings.h"
 
-#include <cctype>
-
 #include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "platform/Numbers.h"
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"
@@ -14,8 +13,7 @@ namespace {
 
 // "True" and "False" in any case, or a number.
 bool ToBool(const std::string& text) {
-  std::string lower;
-  for (const unsigned char c : text) lower += static_cast<char>(std::tolower(c));
+  const std::string lower = LowerCase(text);
   if (lower == "true") return true;
   if (lower == "false") return false;
   return ToNumber(text) != 0;

@@ -1,6 +1,7 @@
 #include "settings/ConfigurationKeys.h"
 
 #include "platform/Numbers.h"
+#include "platform/PlainText.h"
 
 namespace quorvel {
 namespace {
@@ -58,7 +59,7 @@ class KeyTable {
 void ReadExportCommand(SessionState& s, std::size_t i, std::string text) {
   if (text.substr(0, 1) != "*") {
     // Two characters of margin: the default entry has its star there.
-    text = "  " + text.substr(std::min(text.find_first_not_of(' '), text.size()));
+    text = "  " + std::string(WithoutLeadingBlanks(text));
   }
   if (text.find_first_not_of(' ') != std::string::npos) s.ExportCommands[i] = text;
 }

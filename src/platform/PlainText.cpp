@@ -1,5 +1,6 @@
-#include "entry/TextCase.h"
+#include "platform/PlainText.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quorvel {
@@ -50,10 +51,13 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
-std::string Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  return text;
+}
+
+std::string_view Trimmed(std::string_view text) {
+  return WithoutLeadingBlanks(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 }  // namespace quorvel
