@@ -1,7 +1,6 @@
 #include "app/Wiring.h"
 
 #include "entry/InstallEntry.h"
-#include "entry/InstallLists.h"
 #include "link/HandOvers.h"
 #include "menus/InstallMenus.h"
 #include "output/InstallOutput.h"
@@ -16,7 +15,6 @@ void WireHandOvers() {
   InstallTerminal();
   InstallMenus();
   InstallEntry();
-  InstallListWindows();
   InstallOutput();
 }
 

@@ -6,6 +6,7 @@
 #include "link/Records.h"
 #include "link/SessionState.h"
 #include "platform/Numbers.h"
+#include "platform/Scoped.h"
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
@@ -14,25 +15,10 @@ namespace {
 // A host that answers "skip this field" for each one would send the keyboard round for ever.
 constexpr int kMostArrivals = kLastFieldNumber;
 
-std::string StoredValue(int number) {
-  return ExtractOf(Session().EntryRecord, static_cast<std::int16_t>(number), 0, 0);
-}
-
 std::string ShownDefault(const FieldDefinition& field) {
   if (field.conversion.empty()) return field.defaultValue;
   return OutputConv(field.defaultValue, field.conversion);
 }
-
-class Counted {
- public:
-  explicit Counted(int& count) : count_(count) { ++count_; }
-  ~Counted() { --count_; }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
- private:
-  int& count_;
-};
 
 }  // namespace
 
@@ -43,13 +29,13 @@ void FieldKeys::EnterText(int number) {
   const FieldDefinition& field = p_.definition.Field(number);
   TextBox* box = p_.fields.TextBoxOf(number);
   if (!box || arriving_ >= kMostArrivals) return;
-  const Counted arriving(arriving_);
+  const ScopedCount arriving(arriving_);
   if (s.PendingOp == "ReturnAns") {
     s.PendingOp.clear();
     box->Text = s.ListAnswer;
     PressEnter(number);
     s.CurrentField = static_cast<std::int16_t>(number);
-    s.FieldOldValue = StoredValue(number);
+    s.FieldOldValue = ScreenFields::Stored(number);
     return;
   }
   // Typing replaces what stands there. Ahead of any wait: what is typed in it is not selected.
@@ -69,7 +55,7 @@ void FieldKeys::EnterCombo(int number) {
   const FieldDefinition& field = p_.definition.Field(number);
   ComboBox* combo = p_.fields.ComboBoxOf(number);
   if (!combo || arriving_ >= kMostArrivals) return;
-  const Counted arriving(arriving_);
+  const ScopedCount arriving(arriving_);
   if (!Arrive(field, *combo)) return;
   if (!s.FieldOldValue.empty()) {
     if (number == s.FirstField) ReleaseRecord(true);
@@ -90,7 +76,7 @@ bool FieldKeys::Arrive(const FieldDefinition& field, const Control& box) {
     p_.validation.ValidateAndStore(s.CurrentField);
     if (s.FieldRejected == kTrue || !p_.screen.HasKeyboard(box)) return false;
   }
-  s.FieldOldValue = StoredValue(field.number);
+  s.FieldOldValue = ScreenFields::Stored(field.number);
   if (p_.hooks.CallField(FieldHook::BeforeInput, field, std::nullopt)) {
     if (!p_.screen.HasKeyboard(box)) return false;
     if (s.CaseHook == "RETURN") {

@@ -1,6 +1,7 @@
 #include "entry/InstallEntry.h"
 
 #include "entry/frmEntry.h"
+#include "entry/frmList.h"
 #include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
@@ -34,10 +35,22 @@ void ShowEntryScreen() {
   screen.Show();
 }
 
+void ShowList() {
+  frmList& list = desktop().FormObject<frmList>();
+  const auto keep = list.shared_from_this();
+  try {
+    list.ShowModal();
+  } catch (const RuntimeError&) {
+    list.Unload();  // not loaded whole: the host is answered all the same
+    throw;
+  }
+}
+
 }  // namespace
 
 void InstallEntry() {
   HandOvers& ask = Ask();
+  ask.ShowList = ShowList;
   ask.ShowEntryScreen = ShowEntryScreen;
   ask.UnloadEntryScreen = UnloadEntryScreen;
   ask.EntryWindow = []() -> Window* { return LoadedForm<frmEntry>(); };

@@ -2,7 +2,7 @@
 
 namespace quorvel {
 
-// Installs what the host can make happen on a data-entry screen (see link/HandOvers.h).
+// Installs what this folder does for the folders below it: data-entry screens and lists.
 void InstallEntry();
 
 }  // namespace quorvel

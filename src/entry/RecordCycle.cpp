@@ -16,10 +16,6 @@ const std::string kLeaveKey = "E";
 // How the host begins the refusal of a read where the file itself is missing.
 const std::string kNoFile = "UNABLE TO OPEN FILE";
 
-std::string StoredValue(int number) {
-  return ExtractOf(Session().EntryRecord, static_cast<std::int16_t>(number), 0, 0);
-}
-
 }  // namespace
 
 // --- key entry
@@ -48,7 +44,7 @@ bool RecordCycle::TakeKey(int& firstOther) const {
   for (const PlacedField& field : p_.fields.Placed()) {
     if (field.flag == FieldFlag::Display) continue;
     const bool key = field.flag == FieldFlag::Key;
-    if (key) s.RecordKey += StoredValue(field.number);
+    if (key) s.RecordKey += ScreenFields::Stored(field.number);
     if (!key && firstOther == 0) firstOther = field.number;
     p_.fields.Enable(field.number, !key);
   }
@@ -132,7 +128,7 @@ void RecordCycle::Cancel() const {
   const int current = s.CurrentField;
   if (current != 0 && p_.fields.Find(current) && p_.fields.IsEnabled(current)) {
     s.FieldEvent = "NoCase";
-    s.FieldOldValue = StoredValue(current);
+    s.FieldOldValue = ScreenFields::Stored(current);
     p_.validation.ValidateAndStore(current);
     if (s.FieldRejected == kTrue) return;
   }

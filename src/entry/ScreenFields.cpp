@@ -1,6 +1,7 @@
 #include "entry/ScreenFields.h"
 
 #include "link/Marks.h"
+#include "link/Records.h"
 #include "link/SessionState.h"
 #include "platform/Numbers.h"
 
@@ -58,6 +59,10 @@ bool ScreenFields::IsEnabled(int number) {
 
 void ScreenFields::Enable(int number, bool enabled) {
   if (Control* box = BoxOf(number)) box->Enabled = enabled;
+}
+
+std::string ScreenFields::Stored(int number) {
+  return ExtractOf(Session().EntryRecord, CheckedInt16(number), 0, 0);
 }
 
 std::string ScreenFields::Entry(int number) {

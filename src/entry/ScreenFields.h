@@ -37,6 +37,8 @@ class ScreenFields {
   bool IsEnabled(int number);
   void Enable(int number, bool enabled);
 
+  // What EntryRecord holds for a field, in stored form.
+  static std::string Stored(int number);
   // What stands in the box; of a combo box the selected item, or nothing.
   std::string Entry(int number);
   // Shows a text in display form; a combo box selects the first equal item, or none.

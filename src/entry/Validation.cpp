@@ -17,10 +17,6 @@ void SetText(ScreenFields& fields, int number, const std::string& text) {
   if (ComboBox* combo = fields.ComboBoxOf(number)) combo->Text = text;
 }
 
-std::string StoredValue(int number) {
-  return ExtractOf(Session().EntryRecord, static_cast<std::int16_t>(number), 0, 0);
-}
-
 }  // namespace
 
 void Validation::ValidateAndStore(int number) const {
@@ -166,7 +162,7 @@ void Validation::ValidateEnabled() const {
       s.FieldOldValue = currentOld;
     } else {
       s.FieldEvent = "NoCase";
-      s.FieldOldValue = StoredValue(field.number);
+      s.FieldOldValue = ScreenFields::Stored(field.number);
     }
     ValidateAndStore(field.number);
     if (s.FieldRejected == kTrue) return;

@@ -5,6 +5,7 @@
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "menus/frmSubMenu.h"
+#include "platform/Scoped.h"
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
@@ -80,11 +81,7 @@ void frmEntry::BindFields() {
 void frmEntry::OnUserRequest(const std::function<void()>& body) {
   if (userWaits_) return;
   const auto keep = shared_from_this();
-  userWaits_ = true;
-  struct Done {
-    ~Done() { flag = false; }
-    bool& flag;
-  } done{userWaits_};
+  const ScopedFlag waiting(userWaits_);
   screen_.Run(body);
 }
 

@@ -9,9 +9,10 @@
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
+#include "platform/PlainText.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"
-#include "platform/PlainText.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 namespace {
@@ -83,7 +84,7 @@ void frmList::Place(const std::string& geometry) {
   Window* main = Ask().MainWindow();
   if (!main) return;
   if (geometry == "0,0,0,0" || geometry == "0000,0000,0000,0000") {
-    return Ask().CenterOnParent(*main, *this);
+    return CenterOnParent(*main, *this);
   }
   const auto part = [&](std::int16_t n) { return FieldOf(geometry, ",", n); };
   const std::string width = part(3);

@@ -1,12 +1,13 @@
 #include "entry/frmLocate.h"
 
-#include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
-#include "platform/controls/Desktop.h"
 #include "platform/PlainText.h"
+#include "platform/Scoped.h"
+#include "platform/controls/Desktop.h"
+#include "settings/WindowPlacing.h"
 #include "terminal/frmTelnet.h"
 
 namespace quorvel {
@@ -41,7 +42,7 @@ frmLocate::frmLocate() : Window(Kind::Dialog, "frmLocate") {
 }
 
 void frmLocate::Form_Load() {
-  if (frmTelnet* parent = LoadedForm<frmTelnet>()) Ask().CenterOnParent(*parent, *this);
+  if (frmTelnet* parent = LoadedForm<frmTelnet>()) CenterOnParent(*parent, *this);
   for (Control* control :
        {static_cast<Control*>(&cmdContinue), static_cast<Control*>(&lblFound),
         static_cast<Control*>(&lblLimiter), static_cast<Control*>(&txtLimiter)}) {
@@ -66,11 +67,7 @@ void frmLocate::cmdOK_Click() {
     Unload();
     return;
   }
-  searching_ = true;
-  struct Done {
-    bool& flag;
-    ~Done() { flag = false; }
-  } done{searching_};
+  const ScopedFlag searching(searching_);
   Search(word);
 }
 

@@ -6,10 +6,11 @@
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
+#include "link/StartProgram.h"
 #include "link/frmPassword.h"
 #include "platform/Numbers.h"
-#include "platform/controls/Desktop.h"
 #include "platform/PlainText.h"
+#include "platform/controls/Desktop.h"
 
 namespace quorvel {
 namespace {
@@ -74,25 +75,8 @@ void TakeEntryMode() {
   SendToHost(std::string(1, CR));
 }
 
-ProgramWindow WindowStyleOf(const std::string& text) {
-  static constexpr std::string_view kStyles = "012346";  // 5 is none of the classic ones
-  const bool known = text.size() == 1 && kStyles.find(text[0]) != std::string_view::npos;
-  return known ? static_cast<ProgramWindow>(text[0] - '0') : ProgramWindow::NormalFocus;
-}
-
 void TakeDosExe() {
-  const std::string command = MessageField(2);
-  const ProgramWindow style = WindowStyleOf(MessageField(3));
-  bool notFound = false;
-  try {
-    desktop().backend().programs().Start(command, style);
-  } catch (const RuntimeError& failure) {
-    notFound = failure.failure() == Failure::FileNotFound;  // other failures are ignored
-  }
-  desktop().Yield();
-  if (!notFound) return;
-  const auto first = std::min(command.find_first_not_of(' '), command.size());
-  desktop().MsgBox("Command string " + command.substr(first) + " not found!");
+  StartProgram(MessageField(2), WindowStyleOf(MessageField(3)));
 }
 
 void TakeShowImage() {

@@ -6,8 +6,8 @@
 #include "link/SessionState.h"
 #include "link/TelnetControl.h"
 #include "link/frmConnect.h"
-#include "platform/controls/Desktop.h"
 #include "platform/PlainText.h"
+#include "platform/controls/Desktop.h"
 
 namespace quorvel {
 namespace {
@@ -32,7 +32,7 @@ void Main() {
   s.ConfirmExit = kTrue;
   s.ScreenLoaded = kFalse;
   Application& application = desktop().backend().application();
-  s.CaptureFile = application.Folder() + application.PathSeparator() + "TEMPRPT.TXT";
+  s.CaptureFile = application.PathOf("TEMPRPT.TXT");
   s.AppTitleBase = application.Title();
   s.PassThroughPrint = kFalse;
   Ask().ShowMainWindow();

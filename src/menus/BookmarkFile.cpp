@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string PathOfFile() {
-  return desktop().backend().application().Folder() + "/BOOKMARK.TXT";
+  return desktop().backend().application().PathOf("BOOKMARK.TXT");
 }
 
 std::string ReadAll(std::ifstream& file) {

@@ -1,7 +1,7 @@
 #include "menus/frmAbout.h"
 
-#include "link/HandOvers.h"
 #include "platform/controls/Desktop.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 
@@ -21,7 +21,7 @@ frmAbout::frmAbout() : Window(Kind::Dialog, "frmAbout") {
 }
 
 void frmAbout::Form_Load() {
-  if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
+  CenterOverMain(*this);
 }
 
 }  // namespace quorvel

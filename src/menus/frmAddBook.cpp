@@ -1,6 +1,5 @@
 #include "menus/frmAddBook.h"
 
-#include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/SessionState.h"
 #include "menus/frmBookMark.h"
@@ -24,7 +23,7 @@ frmAddBook::frmAddBook() : Window(Kind::Dialog, "frmAddBook") {
 }
 
 void frmAddBook::Form_Load() {
-  if (Window* main = Ask().MainWindow()) CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   std::string text = Session().BookmarkText;
   Caption = text.empty() ? "Add Bookmark" : "Change Bookmark";
   if (text.starts_with(BookmarkMark)) {

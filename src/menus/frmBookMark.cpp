@@ -1,6 +1,5 @@
 #include "menus/frmBookMark.h"
 
-#include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
@@ -66,7 +65,7 @@ frmBookMark::frmBookMark() : Window(Kind::Dialog, "frmBookMark") {
 }
 
 void frmBookMark::Form_Load() {
-  if (Window* main = Ask().MainWindow()) CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   try {
     for (std::string& line : ReadBookmarks()) lstCommands.List.Add(std::move(line));
   } catch (const RuntimeError& failure) {

@@ -6,7 +6,9 @@
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "link/TelnetControl.h"
+#include "platform/Scoped.h"
 #include "platform/controls/Desktop.h"
+#include "settings/WindowPlacing.h"
 #include "terminal/frmTelnet.h"
 
 namespace quorvel {
@@ -53,7 +55,7 @@ frmHelpText::frmHelpText() : Window(Kind::Dialog, "frmHelpText") {
 void frmHelpText::Form_Load() {
   Width = kWidth;
   Height = kHeight;
-  if (frmTelnet* parent = LoadedForm<frmTelnet>()) Ask().CenterOnParent(*parent, *this);
+  if (frmTelnet* parent = LoadedForm<frmTelnet>()) CenterOnParent(*parent, *this);
   TakeMessage();
 }
 
@@ -102,11 +104,7 @@ bool frmHelpText::Save() {
   Session().HelpKey = helpKey_;
   changed_ = false;
   written_ = true;
-  saving_ = true;
-  struct Done {
-    bool& flag;
-    ~Done() { flag = false; }
-  } done{saving_};
+  const ScopedFlag saving(saving_);
   WriteHelpText(AsField(text), kLineWidth, std::string(1, SVM));
   return IsLoaded();
 }

@@ -7,6 +7,7 @@
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
 #include "settings/Configuration.h"
+#include "settings/WindowPlacing.h"
 #include "terminal/frmTelnet.h"
 
 namespace quorvel {
@@ -15,10 +16,6 @@ namespace {
 constexpr int kWidestTab = 2000;       // twips
 constexpr int kColumnMargin = 350;     // twips of a list that its column leaves free
 constexpr int kSmallestClient = 1000;  // twips; a lower main window leaves the menu as it is
-
-int OnePixel() {
-  return desktop().backend().Screen().twipsPerPixel;
-}
 
 }  // namespace
 

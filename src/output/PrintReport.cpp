@@ -1,10 +1,11 @@
 #include "output/PrintReport.h"
 
 #include <chrono>
-#include <sstream>
 
 #include "link/SessionState.h"
 #include "output/frmPrintStatus.h"
+#include "platform/Numbers.h"
+#include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/ReportLines.h"
 
@@ -13,23 +14,6 @@ namespace {
 
 // How often the count of lines is painted while they are printed.
 constexpr auto kBetweenCounts = std::chrono::milliseconds(200);
-
-// A step that fails leaves the next one to run.
-template <class Step>
-void Try(const Step& step) {
-  try {
-    step();
-  } catch (const RuntimeError&) {
-    return;
-  }
-}
-
-// "10", "8.25": as short as the number is.
-std::string ShortNumber(double number) {
-  std::ostringstream text;
-  text << number;
-  return text.str();
-}
 
 std::string PrinterAndFont(Printer& printer) {
   return printer.DeviceName() + "\nFont Name: " + printer.FontName() +

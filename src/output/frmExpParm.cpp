@@ -1,12 +1,12 @@
 #include "output/frmExpParm.h"
 
-#include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "output/ExportCommands.h"
 #include "output/frmBrowseExp.h"
 #include "platform/ProfileFile.h"
 #include "platform/controls/Desktop.h"
 #include "settings/Configuration.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 namespace {
@@ -79,7 +79,7 @@ void frmExpParm::LayOutRows() {
 
 void frmExpParm::Form_Load() {
   const SessionState& s = Session();
-  if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   loadedType_ = s.ExportType;
   if (loadedType_ >= 0 && loadedType_ <= kLastType) {
     const bool viewer = (loadedType_ & kViewer) != 0;

@@ -1,8 +1,8 @@
 #include "output/frmExpSel.h"
 
-#include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 namespace {
@@ -37,7 +37,7 @@ frmExpSel::frmExpSel() : Window(Kind::Dialog, "frmExpSel") {
 void frmExpSel::Form_Load() {
   // Whatever way it is closed by, only a choice made now counts.
   Session().SelectedExport.clear();
-  if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   for (const std::string& entry : Session().ExportCommands) lstOptions.List.Add(entry);
   lstOptions.ListIndex = 0;
 }

@@ -6,6 +6,7 @@
 #include "link/Marks.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 namespace {
@@ -100,7 +101,7 @@ void frmFax::NameControls() {
 
 void frmFax::Form_Load() {
   const SessionState& s = Session();
-  Ask().CenterOnScreen(*this);
+  CenterOnScreen(*this);
   RefreshFaxOptions();
   for (const PresetField& row : kPresetFields) (this->*row.field).Text = s.FaxValues[row.index];
   txtToFax.Text = s.FaxPrefix + txtToFax.Text();

@@ -1,8 +1,8 @@
 #include "output/frmFaxSettings.h"
 
-#include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "settings/Configuration.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 
@@ -25,7 +25,7 @@ frmFaxSettings::frmFaxSettings() : Window(Kind::Dialog, "frmFaxSettings") {
 
 void frmFaxSettings::Form_Load() {
   const SessionState& s = Session();
-  Ask().CenterOnScreen(*this);
+  CenterOnScreen(*this);
   txtFaxServer.Text = s.FaxServer;
   txtPrefix.Text = s.FaxPrefix;
   (s.SendCover == 1 ? optSend0 : optSend1).Value = true;

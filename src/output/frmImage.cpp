@@ -6,7 +6,9 @@
 #include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "platform/Numbers.h"
+#include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 namespace {
@@ -18,17 +20,6 @@ constexpr int kFrameWidth = 120;
 // Lengths of this window are 16-bit numbers.
 constexpr int kLongest = std::numeric_limits<std::int16_t>::max();
 
-// A step that fails leaves the next one to run.
-template <class Step>
-bool Try(const Step& step) {
-  try {
-    step();
-    return true;
-  } catch (const RuntimeError&) {
-    return false;
-  }
-}
-
 // The length that a field of the message asks; without a number `absent`, and `present` for a
 // number that is no length.
 int LengthOf(const std::string& field, int absent, int present) {
@@ -39,8 +30,7 @@ int LengthOf(const std::string& field, int absent, int present) {
 }
 
 int ToPixels(int twips) {
-  const int onePixel = desktop().backend().Screen().twipsPerPixel;
-  return (twips + onePixel / 2) / onePixel;
+  return (twips + OnePixel() / 2) / OnePixel();
 }
 
 }  // namespace
@@ -108,7 +98,7 @@ void frmImage::Form_Load() {
 }
 
 void frmImage::Form_Activate() {
-  if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   if (firstShow_) {
     firstShow_ = false;
   } else {

@@ -1,6 +1,6 @@
 #include "output/frmPrintStatus.h"
 
-#include "link/HandOvers.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 
@@ -16,7 +16,7 @@ frmPrintStatus::frmPrintStatus() : Window(Kind::Dialog, "frmPrintStatus") {
 }
 
 void frmPrintStatus::Form_Load() {
-  Ask().CenterOnScreen(*this);
+  CenterOnScreen(*this);
 }
 
 }  // namespace quorvel

@@ -12,6 +12,7 @@
 #include "output/frmFax.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"
+#include "settings/WindowPlacing.h"
 
 namespace quorvel {
 namespace {
@@ -71,8 +72,8 @@ frmReport::frmReport() : Window(Kind::Dialog, "frmReport") {
   chkHeading.Click = [this] { txtReport.FirstLineStays = chkHeading.Value(); };
   mnuFilePrint.Click = [this] { PrintReport(txtReport.Lines()); };
   mnuFileExport.Click = [] {
-    std::string settings_decide;
-    RunExport(settings_decide);
+    std::string settingsDecide;
+    RunExport(settingsDecide);
   };
   mnuFileExit.Click = [this] { Unload(); };
   mnuSendFax.Click = [] { Form<frmFax>().ShowModal(); };
@@ -85,7 +86,7 @@ void frmReport::Form_Load() {
   if (const Terminal* terminal = Ask().TerminalControl()) txtReport.Font = terminal->Font();
   Width = kWidth;
   Height = kHeight;
-  Ask().CenterOnScreen(*this);
+  CenterOnScreen(*this);
   Caption = "Report - " + s.CaptureFile;
   const bool mayPrint = s.AllowPrint == 1;
   mnuFilePrint.Visible = mayPrint;

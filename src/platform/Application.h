@@ -15,6 +15,8 @@ class Application {
   virtual std::string Folder() = 0;
   // What separates the parts of a path here ("/" or "\").
   virtual char PathSeparator() const = 0;
+  // The path of a file of this name in the application folder. RuntimeError 76 as above.
+  std::string PathOf(const std::string& name) { return Folder() + PathSeparator() + name; }
   // The drives and mounted volumes, each as the path of its topmost folder.
   virtual std::vector<std::string> Drives() = 0;
   // Today as the system writes a date in its short form.

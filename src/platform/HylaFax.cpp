@@ -50,7 +50,7 @@ std::string Comments(const FaxJob& job) {
 // In the form of a letter's From: line.
 std::string Sender(const FaxJob& job, const std::string& login) {
   const std::string name = Name(job.SenderName);
-  const std::string email = OneLine(job.SenderEmail, "<>()\"");
+  std::string email = OneLine(job.SenderEmail, "<>()\"");
   const std::string& address = email.empty() ? login : email;
   if (name.empty()) return email;
   return address.empty() ? std::string() : name + " <" + address + ">";

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 
 #include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
@@ -69,6 +71,13 @@ double LeadingNumber(std::string_view text) {
   const auto result = std::from_chars(begin, end, number);
   if (result.ec != std::errc{}) return 0;
   return negative ? -number : number;
+}
+
+std::string ShortNumber(double number) {
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  text << number;
+  return text.str();
 }
 
 std::int16_t CheckedInt16(std::int64_t number) {

@@ -26,6 +26,9 @@ std::int16_t ToInt16(std::string_view text);
 // is none. Never fails.
 double LeadingNumber(std::string_view text);
 
+// A number as short as it is, at most six digits: "10", "8.25".
+std::string ShortNumber(double number);
+
 // `number` if it fits 16 bits with sign; RuntimeError 6 (overflow) otherwise.
 std::int16_t CheckedInt16(std::int64_t number);
 

@@ -44,4 +44,15 @@ class RuntimeError : public std::runtime_error {
   Failure failure_;
 };
 
+// Runs a step whose failure is passed over; whether it succeeded.
+template <class Step>
+bool Try(const Step& step) {
+  try {
+    step();
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
+  }
+}
+
 }  // namespace quorvel

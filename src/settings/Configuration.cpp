@@ -36,7 +36,7 @@ std::string SettlePath() {
     return desktop().ChooseFile(dialog).value_or("");
   }
   if (HoldsSeparator(argument)) return argument;
-  return App().Folder() + App().PathSeparator() + argument;
+  return App().PathOf(argument);
 }
 
 SessionState WithValuesOf(const std::string& path) {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "link/HandOvers.h"
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
@@ -41,6 +42,10 @@ void CenterOnParent(Window& parent, Window& child) {
   child.Top = Rounded(top);
 }
 
+void CenterOverMain(Window& window) {
+  if (Window* main = Ask().MainWindow()) CenterOnParent(*main, window);
+}
+
 void CenterOnScreen(Window& window) {
   const ScreenMetrics screen = desktop().backend().Screen();
   int left = Rounded((screen.width - window.Width()) / 2.0);
@@ -49,6 +54,10 @@ void CenterOnScreen(Window& window) {
   if (top + window.Height() > screen.height || top < 0) top = 0;
   window.Top = top;
   window.Left = left;
+}
+
+int OnePixel() {
+  return desktop().backend().Screen().twipsPerPixel;
 }
 
 }  // namespace quorvel

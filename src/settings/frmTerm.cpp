@@ -1,7 +1,6 @@
 #include "settings/frmTerm.h"
 
 #include <cmath>
-#include <sstream>
 
 #include "link/HandOvers.h"
 #include "link/SessionState.h"
@@ -39,31 +38,21 @@ int ShownColour(int colour, int byDefault) {
   return colour < 0 ? byDefault : colour;
 }
 
-std::string NumberText(double number) {
-  std::ostringstream text;
-  text.imbue(std::locale::classic());
-  text << number;
-  return text.str();
-}
-
 std::string BoolText(bool value) {
   return value ? "True" : "False";
 }
 
-// An empty box counts as 0. The user is told, and has the keyboard in the box, when it holds no
-// number.
-bool HoldsNumber(TextBox& box, const std::string& message) {
-  if (box.Text().empty()) box.Text = "0";
-  if (IsNumber(box.Text())) return true;
+// Tells the user, who has the keyboard in the box then.
+bool Refuse(TextBox& box, const std::string& message) {
   desktop().MsgBox(message);
   box.SetFocus();
   return false;
 }
 
-bool Refuse(TextBox& box, const std::string& message) {
-  desktop().MsgBox(message);
-  box.SetFocus();
-  return false;
+// An empty box counts as 0.
+bool HoldsNumber(TextBox& box, const std::string& message) {
+  if (box.Text().empty()) box.Text = "0";
+  return IsNumber(box.Text()) || Refuse(box, message);
 }
 
 }  // namespace
@@ -150,7 +139,7 @@ void frmTerm::LayOutRows() {
 }
 
 void frmTerm::Form_Load() {
-  if (Window* main = Ask().MainWindow()) CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   const Terminal* terminal = Ask().TerminalControl();
   if (!terminal) return;
   SessionState& s = Session();
@@ -185,7 +174,7 @@ void frmTerm::ShowFont(const quorvel::Font& font) {
   lblNormal.Font = font;
   lblBold.Font = font;
   lblFonts(0).Caption = font.name;
-  lblFonts(1).Caption = NumberText(font.size);
+  lblFonts(1).Caption = ShortNumber(font.size);
   lblFonts(2).Caption = BoolText(font.bold);
   lblFonts(3).Caption = BoolText(font.italic);
 }
@@ -266,7 +255,7 @@ void frmTerm::StoreFont(Terminal& terminal) {
   const quorvel::Font& font = lblNormal.Font();
   SessionState& s = Session();
   s.FontName = font.name;
-  s.FontSize = NumberText(font.size);
+  s.FontSize = ShortNumber(font.size);
   s.FontBold = BoolText(font.bold);
   s.FontItalic = BoolText(font.italic);
   terminal.Font = font;

@@ -1,6 +1,5 @@
 #include "terminal/CommandStrings.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "link/HandOvers.h"
@@ -8,6 +7,8 @@
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
+#include "link/StartProgram.h"
+#include "platform/PlainText.h"
 #include "platform/RuntimeError.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TextBox.h"
@@ -16,45 +17,22 @@
 namespace quorvel {
 namespace {
 
-struct WindowStyle {
-  const char* number;
-  ProgramWindow window;
-};
-constexpr WindowStyle kStyles[] = {
-    {"0", ProgramWindow::Hidden},         {"1", ProgramWindow::NormalFocus},
-    {"2", ProgramWindow::MinimizedFocus}, {"3", ProgramWindow::MaximizedFocus},
-    {"4", ProgramWindow::NormalNoFocus},  {"6", ProgramWindow::MinimizedNoFocus},
-};
-
-ProgramWindow StyleOf(const std::string& number) {
-  const auto found = std::find_if(std::begin(kStyles), std::end(kStyles),
-                                  [&](const WindowStyle& style) { return number == style.number; });
-  return found == std::end(kStyles) ? ProgramWindow::NormalFocus : found->window;
-}
-
 bool StartsProgram(const std::string& text) {
   return text.starts_with(kDosMark);
 }
 
-void StartProgram(const std::string& rest) {
-  std::string command = FieldOf(rest, ",", 1);
-  const ProgramWindow window = StyleOf(FieldOf(rest, ",", 2));
-  command.erase(0, command.find_first_not_of(' '));
-  if (command.empty()) return;
-  try {
-    desktop().backend().programs().Start(command, window);
-    desktop().Yield();
-  } catch (const RuntimeError& failure) {
-    if (failure.failure() != Failure::FileNotFound) return;
-    desktop().MsgBox("Command string " + command + " not found!");
-  }
+// "command, window style"
+void StartFrom(const std::string& rest) {
+  const std::string command = FieldOf(rest, ",", 1);
+  if (WithoutLeadingBlanks(command).empty()) return;
+  StartProgram(std::string(WithoutLeadingBlanks(command)), WindowStyleOf(FieldOf(rest, ",", 2)));
 }
 
 }  // namespace
 
 void SendCommandString(std::string& text) {
   constexpr std::size_t kMarkLength = std::size(kDosMark) - 1;
-  if (StartsProgram(text)) return StartProgram(text.substr(kMarkLength));
+  if (StartsProgram(text)) return StartFrom(text.substr(kMarkLength));
   text = ExpandCommandString(text);
   if (text.empty()) return;
   for (const char c : text) SendToHost(std::string(1, c));
@@ -63,7 +41,7 @@ void SendCommandString(std::string& text) {
 }
 
 std::string CommandStringFault(const std::string& text) {
-  const std::string fault = SettingFault(text);
+  std::string fault = SettingFault(text);
   if (!fault.empty() || StartsProgram(text)) return fault;
   try {
     ExpandCommandString(text);

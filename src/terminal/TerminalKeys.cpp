@@ -15,7 +15,8 @@ bool IsFrom(KeyCode first, KeyCode last, int code) {
 
 // The keys F13 and up have command strings too, but only the terminal knows them.
 bool TakeFunctionKey(const KeyEvent& key) {
-  const auto number = static_cast<std::size_t>(key.code - static_cast<int>(KeyCode::F1) + 1);
+  const auto number =
+      static_cast<std::size_t>(key.code) - static_cast<std::size_t>(KeyCode::F1) + 1;
   const SessionState& s = Session();
   const std::string command =
       key.shift == kNoShift ? s.FunctionKeys.at(number) : s.ShiftFunctionKeys.at(number);

@@ -62,7 +62,7 @@ void frmButtons::LayOutRows() {
 }
 
 void frmButtons::Form_Load() {
-  if (Window* main = Ask().MainWindow()) CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   for (int i = 0; i < kButtons; ++i) {
     txtButton(i).Text = Session().ButtonCommands[static_cast<std::size_t>(i)];
     txtBtnLabel(i).Text = Ask().ButtonCaption(i);

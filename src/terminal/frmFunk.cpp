@@ -1,6 +1,5 @@
 #include "terminal/frmFunk.h"
 
-#include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "settings/SettingFaults.h"
 #include "settings/WindowPlacing.h"
@@ -59,7 +58,7 @@ void frmFunk::LayOutRows() {
 }
 
 void frmFunk::Form_Load() {
-  if (Window* main = Ask().MainWindow()) CenterOnParent(*main, *this);
+  CenterOverMain(*this);
   for (int i = 0; i < 2 * kKeys; ++i) txtFunk(i).Text = CommandOf(i);
 }
 

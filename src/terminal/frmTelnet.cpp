@@ -12,6 +12,7 @@
 #include "platform/controls/SimpleControls.h"
 #include "settings/ApplySettings.h"
 #include "settings/Configuration.h"
+#include "settings/WindowPlacing.h"
 #include "terminal/CopySelection.h"
 #include "terminal/TerminalKeys.h"
 
@@ -20,10 +21,6 @@ namespace {
 
 constexpr char kControlC = 3;
 constexpr char kControlV = 22;
-
-int OnePixel() {
-  return desktop().backend().Screen().twipsPerPixel;
-}
 
 }  // namespace
 
@@ -220,11 +217,7 @@ void frmTelnet::mnuEPaste_Click() {
 }
 
 void frmTelnet::mnuPrintScreen_Click() {
-  try {
-    VT2201.PrintScreen();
-  } catch (const RuntimeError&) {
-    return;  // a failed print screen is ignored
-  }
+  Try([this] { VT2201.PrintScreen(); });  // a failed print screen is ignored
 }
 
 void frmTelnet::mnuOptCapOff_Click() {

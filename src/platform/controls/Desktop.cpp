@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 
+#include "platform/Scoped.h"
 #include "platform/controls/Menu.h"
 
 namespace quorvel {
@@ -27,17 +28,6 @@ class Pushed {
 
  private:
   std::vector<T>& stack_;
-};
-
-class Counted {
- public:
-  explicit Counted(int& count) : count_(count) { ++count_; }
-  ~Counted() { --count_; }
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
- private:
-  int& count_;
 };
 
 }  // namespace
@@ -168,7 +158,7 @@ void Desktop::Yield() {
 
 void Desktop::Paint() {
   {
-    const Counted painting(painting_);
+    const ScopedCount painting(painting_);
     backend_.ServeToolkit(Serve::WithoutInput);
   }
   if (!queue_.empty()) backend_.Wake();
@@ -205,7 +195,7 @@ auto Desktop::AskInBox(const Ask& ask) {
   if (!queue_.empty()) backend_.Wake();  // what was held back is served while the box is open
   const Pushed<Context> waiting(contexts_, Context::Wait);
   auto answer = [&] {
-    const Counted open(boxes_);
+    const ScopedCount open(boxes_);
     return ask();
   }();
   CheckEnding();

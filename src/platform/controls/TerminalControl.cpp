@@ -3,14 +3,6 @@
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
-namespace {
-
-// Bounds of what a configuration may ask of the screen; beyond them the nearest is taken.
-constexpr int kMostRows = 200;
-constexpr int kMostBufferRows = 32767;
-
-}  // namespace
-
 Terminal::Terminal(Container& parent, std::string name, int index)
     : Control(parent, std::move(name), index) {
   AccessibleText.Adopt("Terminal");
@@ -34,10 +26,10 @@ void Terminal::Apply(Prop mode) {
       emulation_.SetType(static_cast<vt::TerminalType>(std::clamp(TermType(), 1, 5)));
       break;
     case Prop::ScreenSize:
-      emulation_.SetSize(Columns() == 1 ? 132 : 80, std::clamp(Rows(), 1, kMostRows));
+      emulation_.SetSize(Columns() == 1 ? 132 : 80, Rows());
       break;
     case Prop::BufferRows:
-      emulation_.SetScrollbackRows(std::clamp(BufferRows(), 0, kMostBufferRows));
+      emulation_.SetScrollbackRows(BufferRows());
       break;
     case Prop::KeyPad:
       emulation_.SetApplicationKeypad(KeyPad() == 1);

@@ -63,6 +63,7 @@ constexpr Box kBoxes[] = {
     {0x252C, kLeft | kRight | kDown},
     {0x2502, kUp | kDown},
 };
+constexpr char16_t kFirstDrawn = 0x2000;  // nothing below is drawn
 constexpr char16_t kCheckerboard = 0x2592;
 constexpr char16_t kFirstScanLine = 0x23BA;
 constexpr char16_t kLastScanLine = 0x23BD;
@@ -74,15 +75,6 @@ struct ControlPicture {
 };
 constexpr ControlPicture kControls[] = {{0x2409, "HT"}, {0x240A, "LF"}, {0x240B, "VT"},
                                         {0x240C, "FF"}, {0x240D, "CR"}, {0x2424, "NL"}};
-
-// Whether a character is drawn here rather than taken from the font.
-bool IsDrawn(char16_t glyph) {
-  return (glyph >= kFirstScanLine && glyph <= kLastScanLine) || glyph == kCheckerboard ||
-         std::any_of(std::begin(kBoxes), std::end(kBoxes),
-                     [glyph](const Box& box) { return box.glyph == glyph; }) ||
-         std::any_of(std::begin(kControls), std::end(kControls),
-                     [glyph](const ControlPicture& control) { return control.glyph == glyph; });
-}
 
 const vt::Cell& CellOf(const vt::Line& line, int column) {
   return line.cells[static_cast<std::size_t>(column)];
@@ -181,10 +173,9 @@ void TerminalPainter::PaintRun(const QPoint& corner, const vt::Line& line, int f
 void TerminalPainter::PaintText(const vt::Line& line, int from, int to, bool bold) const {
   std::vector<vt::Cell> cells(line.cells.begin() + from, line.cells.begin() + to);
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (cells[i].glyph < 0x2000 || !IsDrawn(cells[i].glyph)) continue;
-    DrawBox(cells[i].glyph, QRect(static_cast<int>(i) * font_.CellWidth(), 0, font_.CellWidth(),
-                                  font_.CellHeight()));
-    cells[i].glyph = ' ';
+    const QRect cell(static_cast<int>(i) * font_.CellWidth(), 0, font_.CellWidth(),
+                     font_.CellHeight());
+    if (cells[i].glyph >= kFirstDrawn && DrawBox(cells[i].glyph, cell)) cells[i].glyph = ' ';
   }
   font_.Draw(painter_, cells, bold);
 }

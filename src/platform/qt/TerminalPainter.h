@@ -56,6 +56,7 @@ class TerminalPainter {
   void PaintRun(const QPoint& corner, const vt::Line& line, int from, int to,
                 const TerminalColours::Pair& pair, Ground ground) const;
   void PaintText(const vt::Line& line, int from, int to, bool bold) const;
+  // A character that is drawn rather than taken from the font; false for any other.
   bool DrawBox(char16_t glyph, const QRect& cell) const;
   void DrawSmall(const char* letters, const QRect& cell) const;
 

@@ -1,24 +1,18 @@
 #include "platform/qt/Text.h"
 
-#include <array>
 #include <cctype>
 #include <optional>
+
+#include "platform/vt/CharacterSets.h"
 
 namespace quorvel {
 namespace {
 
-// 0x80 to 0x9F of Windows-1252 (0 where the code page has none).
-constexpr std::array<char16_t, 32> kUpperControls = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
 // Of a character outside the code page: none.
 std::optional<char> ByteOf(char16_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
-  for (unsigned i = 0; i < kUpperControls.size(); ++i) {
-    const char16_t own = kUpperControls[i] ? kUpperControls[i] : static_cast<char16_t>(0x80 + i);
-    if (own == code) return static_cast<char>(0x80 + i);
+  for (int byte = 0x80; byte < 0xA0; ++byte) {
+    if (vt::UnicodeOf(static_cast<unsigned char>(byte)) == code) return static_cast<char>(byte);
   }
   return std::nullopt;
 }
@@ -31,9 +25,7 @@ bool IsWordCharacter(char c) {
 }  // namespace
 
 char16_t ToUnicode(unsigned char byte) {
-  if (byte < 0x80 || byte > 0x9F) return byte;
-  const char16_t code = kUpperControls[byte - 0x80u];
-  return code ? code : byte;
+  return vt::UnicodeOf(byte);
 }
 
 QString ToUnicode(std::string_view bytes) {

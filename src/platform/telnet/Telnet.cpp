@@ -4,6 +4,8 @@
 #include <charconv>
 #include <utility>
 
+#include "platform/PlainText.h"
+
 namespace quorvel {
 namespace {
 
@@ -25,8 +27,7 @@ std::string Doubled(std::string_view text) {
 }
 
 std::optional<std::uint16_t> PortNumber(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  text = Trimmed(text);
   std::uint16_t port = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
   if (error != std::errc{} || end != text.data() + text.size() || port == 0) return std::nullopt;

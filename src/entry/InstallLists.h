@@ -1,8 +1,0 @@
-#pragma once
-
-namespace quorvel {
-
-// Makes the lists of the host reachable from below.
-void InstallListWindows();
-
-}  // namespace quorvel
