@@ -67,6 +67,8 @@ struct QtBackend::Services {
 
 QtBackend::QtBackend(int argc, char** argv) : argc_(argc), app_(argc_, argv) {
   QApplication::setApplicationName(QStringLiteral("quorvel"));
+  // The desktop entry's name: by it a desktop finds the windows' icon and puts them together.
+  QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(PictureIcon("app"));
   if (QStyle* style = QStyleFactory::create(QStringLiteral("Fusion")))
