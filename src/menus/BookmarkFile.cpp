@@ -16,7 +16,8 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string PathOfFile() {
-  return desktop().backend().application().PathOf("BOOKMARK.TXT");
+  // A forward slash on every platform; all of them take it.
+  return desktop().backend().application().Folder() + "/BOOKMARK.TXT";
 }
 
 std::string ReadAll(std::ifstream& file) {
