@@ -3,6 +3,7 @@
 #include <map>
 
 #include "app/EntryTest.h"
+#include "link/StartUp.h"
 
 namespace quorvel {
 namespace {
@@ -362,6 +363,40 @@ TEST_F(RecordCycleTest, ClicksDuringAWait) {
             (Texts{"LOCK AR.X DATA 100 L", "READ DATA 100",
                    "WRITE DATA 100 " + files["DATA"]["100"] + " SYCRLOC", "LOCK AR.X DATA 100 U"}));
   EXPECT_TRUE(BoxTexts().empty());
+}
+
+// The link is lost with a record open, and a click waits for the host that is gone until the next
+// session begins. There the same screen goes on with its record, and the click works.
+TEST_F(RecordCycleTest, ALinkLostInARecord) {
+  OpenCustomers("PROG");
+  EnterKey("100");
+  Line().HangUp();
+  backend.RunUntilIdle();
+  int idle = 0;
+  backend.onIdle = [&, serve = backend.onIdle] {
+    switch (++idle) {
+      case 1:
+        desktop().Post(EventKind::User, [] { StartSession(); });
+        return true;
+      case 2:
+        Line().Accept();
+        return true;
+      default:
+        return serve();
+    }
+  };
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(State(), "346SCD");
+  EXPECT_EQ(Session().Connected, 1);
+  Session().PendingOp.clear();
+  Run([] { RunOption(); });
+  ASSERT_EQ(State(), "346SCD");
+  TakeRequests();
+  Click(Screen().cmdCancel);
+  EXPECT_EQ(State(), "2OE");
+  EXPECT_EQ(TakeRequests(),
+            (Texts{"HOOK BeforeExitWoSave 0", "HOOK ExitWoSave 0", "LOCK AR.X DATA 100 U"}));
+  EXPECT_FALSE(backend.stalled);
 }
 
 // A combo box that is the key clears the whole screen when it is entered again; a text box does

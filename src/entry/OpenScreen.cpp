@@ -38,6 +38,8 @@ void OpenScreen::Run(const std::function<void()>& body) {
     body();
   } catch (const ScreenClosed&) {
     return;
+  } catch (const RequestGivenUp&) {
+    return;
   }
 }
 
@@ -75,8 +77,9 @@ void OpenScreen::Unlock(const std::string& key) const {
 }
 
 void OpenScreen::CaseCall(const std::string& field) const {
-  quorvel::CaseCall(field);
+  const bool answered = quorvel::CaseCall(field);
   Check();
+  if (!answered) throw RequestGivenUp{};
 }
 
 MessageBoxAnswer OpenScreen::MsgBox(const std::string& text, int style,

@@ -11,6 +11,9 @@ namespace quorvel {
 // Thrown where the screen has gone in the meantime. It ends the screen's event, quietly, at the
 // edge of OpenScreen::Run.
 struct ScreenClosed {};
+// Thrown where the screen is there but the session has gone in which it asked the host. It ends the
+// screen's event like ScreenClosed; the user takes it up again in the next session.
+struct RequestGivenUp {};
 
 // All that an entry screen does in the course of which other events run: requests to the host,
 // message boxes, moving the keyboard. The screen may be unloaded meanwhile, and another one opened;

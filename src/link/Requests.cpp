@@ -22,6 +22,7 @@ constexpr std::int16_t kOptionCaseProgram = 23;
 // Counts what has ended a wait for a hook. Hooks may be called inside each other's waits; the reply
 // to the inner one ends all of them.
 unsigned caseCallsEnded = 0;
+unsigned timesAbandoned = 0;
 
 bool RefuseLongInput(const std::string& input) {
   if (input.size() <= kLongestInput) return false;
@@ -91,25 +92,28 @@ void WriteHelpText(const std::string& text, std::int16_t width, const std::strin
               BuildRequest("WRITEHELP", {Session().HelpKey, text, columns, separator}));
 }
 
-void CaseCall(const std::string& argument) {
+bool CaseCall(const std::string& argument) {
   SessionState& s = Session();
   const std::string request =
       BuildRequest("CASELOGIC", {s.ScreenId, argument, s.CaseProgram, s.CaseHook, s.EntryRecord,
                                  s.OriginalRecord, s.CaseData});
   // The limit is on the frame alone, its CR not counted.
-  if (RefuseLongInput(request.substr(0, request.size() - 1))) return;
+  if (RefuseLongInput(request.substr(0, request.size() - 1))) return true;
   SendToHost(request);
   const unsigned before = caseCallsEnded;
+  const unsigned abandoned = timesAbandoned;
   desktop().WaitWhile(
       [before] { return Session().PendingOp != "ReturnCase" && caseCallsEnded == before; });
   if (s.PendingOp == "ReturnCase") {
     s.PendingOp.clear();
     ++caseCallsEnded;
   }
+  return timesAbandoned == abandoned;
 }
 
 void AbandonCaseCalls() {
   ++caseCallsEnded;
+  ++timesAbandoned;
 }
 
 void RunOption() {

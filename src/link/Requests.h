@@ -41,8 +41,9 @@ void WriteHelpText(const std::string& text, std::int16_t width, const std::strin
 
 // Calls the screen's host program at a hook; CaseHook, EntryRecord, OriginalRecord and CaseData go
 // out and come back. A frame of more than 4,000 characters is refused with a message.
-void CaseCall(const std::string& argument);
-// Ends every wait for a hook: the screen that asked is gone.
+// False when the wait for the host was given up.
+bool CaseCall(const std::string& argument);
+// Gives up every wait for a hook: the screen that asked is gone, or the session that it asked in.
 void AbandonCaseCalls();
 
 // Runs the option OptionId: opens its entry screen, or has the host run it.

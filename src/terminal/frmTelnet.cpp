@@ -115,6 +115,7 @@ void frmTelnet::Form_Unload(bool& cancel) {
 // --- the link
 
 void frmTelnet::TELNET1_Connect() {
+  AbandonCaseCalls();  // no answer comes to what was asked on the last link
   VT2201.Enabled = true;
   mnuCRemoteSystem.Enabled = false;
   mnuSOpen.Enabled = false;
