@@ -18,7 +18,7 @@ MenuSet::MenuSet(const Window& window, QWidget* parent) : holder_(new QWidget(pa
 
 // An entry may be in its own click.
 MenuSet::~MenuSet() {
-  for (const auto& [item, action] : actions_) action->disconnect();
+  for (const auto& [item, action] : actions_) action->disconnect(action);
   if (!holder_) return;
   for (QAction* action : bar_) action->setVisible(false);
   holder_->deleteLater();

@@ -69,11 +69,12 @@ WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), w
   if (control.kind() != ControlKind::TextBox) widget->setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
-// The widget may be in one of its own events.
+// The widget may be in one of its own events. Only what is heard here is disconnected: the toolkit
+// hears of the widget's end by a signal, and else keeps its accessible object for good.
 WidgetPeer::~WidgetPeer() {
   if (!widget_) return;
   widget_->removeEventFilter(this);
-  widget_->disconnect();
+  widget_->disconnect(this);
   widget_->hide();
   widget_->setObjectName(QString());
   widget_->setParent(nullptr);
