@@ -2,13 +2,10 @@
 
 #include <QApplication>
 #include <QListView>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QTest>
 
-#include "link/SessionState.h"
 #include "menus/frmSubMenu.h"
-#include "terminal/frmTelnet.h"
 
 namespace quorvel {
 namespace {
@@ -26,26 +23,6 @@ QWidget* KeyTarget() {
 }
 
 }  // namespace
-
-bool MenuShows(const std::string& title) {
-  const frmSubMenu* menu = LoadedForm<frmSubMenu>();
-  return menu && menu->IsVisible() && desktop().focus().Front() == menu &&
-         Session().MenuText.rfind(title, 0) == 0 && Session().PendingOp.empty();
-}
-
-bool TerminalShows(const std::string& text) {
-  const frmTelnet* window = LoadedForm<frmTelnet>();
-  if (!window || desktop().focus().Front() != window) return false;
-  for (const std::string& line : window->VT2201.ScreenLines()) {
-    if (line.find(text) != std::string::npos) return true;
-  }
-  return false;
-}
-
-bool BoxShows(const char* text) {
-  const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  return box && box->text().contains(QLatin1String(text));
-}
 
 void Hands::Click(Control& control) const {
   QTest::mouseClick(backend_.WidgetOf(control), Qt::LeftButton);

@@ -2,30 +2,14 @@
 
 #include <QEvent>
 #include <Qt>
-#include <string>
 
-#include "platform/controls/Desktop.h"
+#include "app/tour/Sights.h"
 #include "platform/controls/Lists.h"
 #include "platform/qt/QtBackend.h"
 
 class QWidget;
 
 namespace quorvel {
-
-// --- what the user of the real windows looks at
-
-// The menu with this title is in front, and no request is under way.
-bool MenuShows(const std::string& title);
-// The terminal is in front and shows this text.
-bool TerminalShows(const std::string& text);
-// A message box is open whose text holds this.
-bool BoxShows(const char* text = "");
-
-template <class F>
-bool DialogShows() {
-  const F* form = LoadedForm<F>();
-  return form && form->IsVisible();
-}
 
 // The user's hands: real mouse and key events into the real windows.
 class Hands {

@@ -14,11 +14,6 @@
 namespace quorvel {
 namespace {
 
-bool ImageShows() {
-  const frmImage* image = LoadedForm<frmImage>();
-  return image && image->IsVisible() && image->ledPicture.ImageHandle() && !BoxShows();
-}
-
 // Whoever comes back to the window has it read its file again.
 void LeaveImageAndRemoveItsFile() {
   std::error_code ignored;
@@ -41,20 +36,27 @@ bool FaxShows() {
 
 }  // namespace
 
-std::vector<TourStep> ImageAndFaxSteps(QtBackend& backend) {
+std::vector<TourStep> ImageSteps(QtBackend& backend) {
   const Hands user(backend);
-  const auto mainMenu = [] { return MenuShows("Main Menu") && !BoxShows(); };
   // clang-format off
   return {
-      {"", mainMenu, [user] { user.Open("UT.PICTURE"); }},
-      {"image", ImageShows, [] { LeaveImageAndRemoveItsFile(); }},
-      {"", mainMenu, [&backend] { backend.WidgetOf(Form<frmImage>())->activateWindow(); }},
+      {"", MainMenuShows, [user] { user.Open("UT.PICTURE"); }},
+      {"image", PictureShows, [] { LeaveImageAndRemoveItsFile(); }},
+      {"", MainMenuShows, [&backend] { backend.WidgetOf(Form<frmImage>())->activateWindow(); }},
       {"image-gone", [] { return BoxShows("Invalid Image path"); }, [user] { user.AnswerBox(); }},
-      {"", ImageShows, [user] { user.Key(Qt::Key_E, Qt::AltModifier); }},
+      {"", PictureShows, [user] { user.Key(Qt::Key_E, Qt::AltModifier); }},
       // The terminal has the keyboard then; Enter asks the host for its menu.
       {"", [] { return !DialogShows<frmImage>() && TerminalShows(""); },
        [user] { user.Key(Qt::Key_Return); }},
-      {"", mainMenu, [user] { user.Open("RP*REMINDER"); }},
+  };
+  // clang-format on
+}
+
+std::vector<TourStep> FaxSteps(QtBackend& backend) {
+  const Hands user(backend);
+  // clang-format off
+  return {
+      {"", MainMenuShows, [user] { user.Open("RP*REMINDER"); }},
       {"", ReminderShows,
        [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
       {"fax", FaxShows, [user] { user.Click(Form<frmFax>().chkSendCover); }},

@@ -1,11 +1,9 @@
 // What becomes of a report on the workstation: viewer, search, export.
-#include <QApplication>
 #include <QFileDialog>
 #include <QPrintDialog>
 
 #include "app/tour/Hands.h"
 #include "app/tour/Tour.h"
-#include "link/SessionState.h"
 #include "output/frmBrowseExp.h"
 #include "output/frmExpParm.h"
 #include "output/frmExpSel.h"
@@ -18,16 +16,6 @@ constexpr std::size_t kStockCountLines = 10'000;
 
 bool ReportMenu() {
   return MenuShows("Reports for the Workstation") && !BoxShows();
-}
-
-bool ReportShows(std::size_t lines) {
-  const frmReport* report = LoadedForm<frmReport>();
-  return report && report->IsVisible() && report->txtReport.Lines().Count() >= lines;
-}
-
-template <class Dialog>
-bool DialogOfToolkitShows() {
-  return qobject_cast<Dialog*>(QApplication::activeModalWidget()) != nullptr;
 }
 
 }  // namespace
@@ -51,8 +39,8 @@ std::vector<TourStep> OutputSteps(QtBackend& backend) {
       {"", report, [user] { user.Click(Form<frmReport>().chkHeading); }},
       {"report-search", report, [user] { user.Click(Form<frmReport>().cmdNext); }},
       {"report-next-match", report, [] { Form<frmReport>().mnuFilePrint.UserClick(); }},
-      {"printer", [] { return DialogOfToolkitShows<QPrintDialog>(); }, key(Qt::Key_Escape)},
-      {"", [report] { return report() && !DialogOfToolkitShows<QPrintDialog>(); }, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
+      {"printer", [] { return ToolkitDialogShows<QPrintDialog>(); }, key(Qt::Key_Escape)},
+      {"", [report] { return report() && !ToolkitDialogShows<QPrintDialog>(); }, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
       {"export-parameters", parameters, [user] { user.Click(Form<frmExpParm>().txtDesc); }},
       {"", parameters, type("Read it aloud")},
       {"", parameters, [user] { user.Click(Form<frmExpParm>().txtCmd); }},
@@ -61,7 +49,7 @@ std::vector<TourStep> OutputSteps(QtBackend& backend) {
       {"export-folder", [] { return DialogShows<frmBrowseExp>(); }, key(Qt::Key_Escape)},
       {"", [] { return !DialogShows<frmBrowseExp>(); }, [user] { user.Click(Form<frmExpParm>().cmdOK); }},
       {"", [] { return !DialogShows<frmExpParm>(); }, [] { Form<frmReport>().mnuFileExport.UserClick(); }},
-      {"export-file", [] { return DialogOfToolkitShows<QFileDialog>(); }, type("stockcount.txt\r")},
+      {"export-file", [] { return ToolkitDialogShows<QFileDialog>(); }, type("stockcount.txt\r")},
       {"export-choice", [] { return DialogShows<frmExpSel>(); }, key(Qt::Key_Return)},
       {"", [report] { return report() && !DialogShows<frmExpSel>(); },
        [] { Form<frmReport>().mnuFileExit.UserClick(); }},

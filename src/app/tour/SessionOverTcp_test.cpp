@@ -2,8 +2,6 @@
 // data-entry screen with its lists, lookups and help, a picture, the fax dialogs, log-off, a second
 // session, and the loss of its link.
 
-#include <QApplication>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <fstream>
 
@@ -11,52 +9,22 @@
 
 #include "app/Wiring.h"
 #include "app/tour/Hands.h"
+#include "app/tour/SampleHost.h"
 #include "app/tour/Tour.h"
 #include "link/SessionState.h"
 #include "link/StartUp.h"
 #include "menus/frmSubMenu.h"
 #include "menus/mdiMain.h"
-#include "terminal/frmTelnet.h"
 
 namespace quorvel {
 namespace {
-
-// The sample host as a process of its own.
-class SampleHost {
- public:
-  explicit SampleHost(const QString& folder) {
-    process_.start(QUORVEL_DEMOHOST, {"--port", "0", "--data", folder + "/sample.sqlite"});
-    if (process_.waitForStarted() && process_.waitForReadyRead()) {
-      const QString line = QString::fromLatin1(process_.readLine()).trimmed();
-      address_ = line.section(' ', -1).toStdString();
-    }
-  }
-  ~SampleHost() { Stop(); }
-  SampleHost(const SampleHost&) = delete;
-  SampleHost& operator=(const SampleHost&) = delete;
-
-  const std::string& Address() const { return address_; }
-  void Stop() {
-    process_.kill();
-    process_.waitForFinished();
-  }
-
- private:
-  QProcess process_;
-  std::string address_;
-};
-
-bool SessionOver() {
-  return LoadedForm<frmTelnet>() == nullptr && LoadedForm<frmSubMenu>() == nullptr &&
-         QApplication::activeModalWidget() == nullptr;
-}
 
 TEST(SessionOverTcp, TwoSessionsScreensAndALostLink) {
   QTemporaryDir folder;
   ASSERT_TRUE(folder.isValid());
   qputenv("QUORVEL_HOME", folder.path().toLocal8Bit());
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  SampleHost host(folder.path());
+  SampleHost host(QUORVEL_DEMOHOST, folder.path());
   ASSERT_FALSE(host.Address().empty());
   const std::string configuration = folder.filePath("test.inf").toStdString();
   std::ofstream(configuration) << "[TELNET]\nHostName=" << host.Address()
@@ -93,10 +61,11 @@ TEST(SessionOverTcp, TwoSessionsScreensAndALostLink) {
          EXPECT_EQ(Form<mdiMain>().Caption(), "Quorvel GUI - Not Connected");
          desktop.Post(EventKind::Program, [] { StartSession(); });
        }},
-      {"", [] { return MenuShows("Main Menu"); }, [&] { host.Stop(); }},
+      {"", [] { return MenuShows("Main Menu"); }, [&] { host.Kill(); }},
       {"", [] { return SessionOver(); }, nullptr},
   };
-  for (const auto& part : {ScreenSteps(backend), ImageAndFaxSteps(backend), OutputSteps(backend)}) {
+  for (const auto& part :
+       {ScreenSteps(backend), ImageSteps(backend), FaxSteps(backend), OutputSteps(backend)}) {
     for (const TourStep& step : part) steps.push_back({"", step.ready, step.act});
   }
   steps.insert(steps.end(), end.begin(), end.end());

@@ -14,7 +14,6 @@
 namespace quorvel {
 std::vector<TourStep> SettingsSteps(QtBackend& backend) {
   const Hands user(backend);
-  const auto mainMenu = [] { return MenuShows("Main Menu") && !BoxShows(); };
   const auto key = [user](int code) { return [user, code] { user.Key(code); }; };
   const auto page = [](int number) { return [number] { Form<frmTerm>().SSTab1.UserTab(number); }; };
   const auto settings = [] {
@@ -30,7 +29,7 @@ std::vector<TourStep> SettingsSteps(QtBackend& backend) {
 
   // clang-format off
   return {
-      {"", mainMenu, [] { Form<frmSubMenu>().mnuOTerminal.UserClick(); }},
+      {"", MainMenuShows, [] { Form<frmSubMenu>().mnuOTerminal.UserClick(); }},
       {"terminal-settings", settings, page(1)},
       {"terminal-font", settings, page(2)},
       {"terminal-colors", settings, page(0)},
@@ -56,7 +55,7 @@ std::vector<TourStep> SettingsSteps(QtBackend& backend) {
       {"", bookmarks, mouse(QEvent::MouseMove, 2)},
       {"bookmark-dragged", bookmarks, mouse(QEvent::MouseButtonRelease, 2)},
       {"bookmarks", bookmarks, key(Qt::Key_Escape)},
-      {"", [mainMenu] { return mainMenu() && !DialogShows<frmBookMark>(); }, type("")},
+      {"", [] { return MainMenuShows() && !DialogShows<frmBookMark>(); }, type("")},
   };
   // clang-format on
 }

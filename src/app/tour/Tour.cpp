@@ -1,53 +1,31 @@
 #include "app/tour/Tour.h"
 
-#include <QTimer>
 #include <cstdio>
 #include <filesystem>
 
+#include "app/tour/Sights.h"
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
-namespace {
-
-constexpr int kTickMilliseconds = 40;
-constexpr int kTicksToSettle = 5;  // the screen is painted and quiet by then
-constexpr qint64 kLongestWaitMilliseconds = 20'000;
-
-}  // namespace
 
 Tour::Tour(QtBackend& backend, std::string folder, std::vector<TourStep> steps)
     : backend_(backend), folder_(std::move(folder)), steps_(std::move(steps)) {
-  waiting_.start();
+  player_.onReady = [this](const TourStep& step) {
+    if (!step.name.empty()) TakePicture(step.name);
+  };
+  player_.onPlayed = [this] { End(0); };
+  player_.onStuck = [this](std::size_t number, const TourStep& step) { TellStuck(number, step); };
 }
 
 void Tour::Start() {
-  QTimer::singleShot(kTickMilliseconds, this, [this] { Tick(); });
+  player_.Play(std::move(steps_));
 }
 
-// A timer of its own for every tick: one that is being served does not fire again, but a step must
-// go on in the loop of a dialog that the step before it has opened.
-void Tour::Tick() {
-  if (ended_) return;
-  if (next_ == steps_.size()) return End(0);
-  Start();
-  const TourStep& step = steps_[next_];
-  readyTicks_ = step.ready() ? readyTicks_ + 1 : 0;
-  if (readyTicks_ < kTicksToSettle) {
-    if (waiting_.elapsed() < kLongestWaitMilliseconds) return;
-    std::fprintf(stderr, "tour: step %zu (%s) did not get ready\n", next_ + 1, step.name.c_str());
-    for (const Window* window : desktop().LoadedWindows()) {
-      std::fprintf(stderr, "tour: %s is loaded%s\n", window->Name().c_str(),
-                   window->IsVisible() ? " and visible" : "");
-    }
-    TakePicture("stuck");
-    return End(1);
-  }
-  if (!step.name.empty()) TakePicture(step.name);
-  ++next_;
-  readyTicks_ = 0;
-  waiting_.restart();
-  if (step.act) step.act();
-  waiting_.restart();
+void Tour::TellStuck(std::size_t number, const TourStep& step) {
+  std::fprintf(stderr, "tour: step %zu (%s) did not get ready\n%s", number, step.name.c_str(),
+               WhatShows().c_str());
+  TakePicture("stuck");
+  End(1);
 }
 
 void Tour::TakePicture(const std::string& name) {
@@ -64,7 +42,7 @@ void Tour::TakePicture(const std::string& name) {
 
 void Tour::End(int status) {
   status_ = status;
-  ended_ = true;
+  player_.Stop();
   // As an event: it may be called from the loop of a dialog.
   desktop().Handle(EventKind::Program, [] { desktop().EndProcess(); });
 }
