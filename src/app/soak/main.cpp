@@ -18,6 +18,7 @@ struct CommandLine {
   QString host;
   SoakOptions soak;
   bool valid = false;
+  bool help = false;
 };
 
 CommandLine Parse(const QStringList& words) {
@@ -25,6 +26,7 @@ CommandLine Parse(const QStringList& words) {
   const auto add = [&](const char* name, const char* text, const char* value = nullptr) {
     parser.addOption({QLatin1String(name), QLatin1String(text), "value", QLatin1String(value)});
   };
+  parser.addHelpOption();
   add("host", "The program of the sample host.");
   add("seconds", "How long to work.", "1800");
   add("warm-up", "Seconds until the figures that the last ones are compared with.", "60");
@@ -49,7 +51,9 @@ CommandLine Parse(const QStringList& words) {
   line.soak.seed = number("seed");
   line.soak.verbose = parser.isSet("verbose");
   line.soak.picture = parser.value("picture").toStdString();
-  if (!line.valid) std::fputs(parser.helpText().toLocal8Bit().constData(), stderr);
+  line.help = parser.isSet("help");
+  if (line.help) std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
+  if (!line.valid && !line.help) std::fputs(parser.helpText().toLocal8Bit().constData(), stderr);
   return line;
 }
 
@@ -63,11 +67,13 @@ int main(int argc, char** argv) {
   }
   qputenv("QUORVEL_HOME", folder.path().toLocal8Bit());
   std::string configuration = kConfiguration;
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   char* arguments[] = {argv[0], configuration.data(), nullptr};
   QtBackend backend(2, arguments);
   QStringList words;
   for (int i = 0; i < argc; ++i) words << QString::fromLocal8Bit(argv[i]);
   const CommandLine line = Parse(words);
+  if (line.help) return 0;
   if (!line.valid) return 2;
 
   SampleHost host(line.host, folder.path());

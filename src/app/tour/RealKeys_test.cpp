@@ -1,10 +1,12 @@
 // Real keys and mouse events into the real windows, offscreen: the keys of the terminal that send
 // command strings or what is printed on them, and the moving of bookmarks.
 
+#include <QAccessible>
 #include <QApplication>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QWidget>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -95,6 +97,7 @@ TEST(RealKeys, TerminalAndBookmarks) {
     user.MouseOnRow(Form<frmBookMark>().lstCommands, type, row);
   };
   std::ofstream(folder.filePath("BOOKMARK.TXT").toStdString()) << "a\nb\nc\nd\n";
+  QAccessible::Id list = 0;
   const std::vector<TourStep> steps = {
       {"", [&] { return client != nullptr && TerminalShows(""); },
        [&] {
@@ -125,9 +128,16 @@ TEST(RealKeys, TerminalAndBookmarks) {
       {"", bookmarks,
        [&] {
          EXPECT_EQ(lines(), "bacd");
+         list = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(
+             backend.WidgetOf(Form<frmBookMark>().lstCommands)));
+         EXPECT_NE(QAccessible::accessibleInterface(list), nullptr);
          user.Key(Qt::Key_Escape);
        }},
-      {"", [&] { return !bookmarks(); }, [&] { client->disconnectFromHost(); }},
+      {"", [&] { return !bookmarks(); },
+       [&] {
+         EXPECT_EQ(QAccessible::accessibleInterface(list), nullptr);  // gone with its window
+         client->disconnectFromHost();
+       }},
       {"", [] { return LoadedForm<frmTelnet>() == nullptr; }, nullptr},
   };
   Tour tour(backend, folder.path().toStdString(), steps);
