@@ -25,7 +25,8 @@ fi
 install_packages
 build release quorvel quorvel-tour quorvel-demohost
 
-# Its own place for the tour, so that it never touches the user's files.
+# Its own place for the tour, so that it never touches the user's files. Some pictures show its
+# name: QUORVEL_TOUR_HOME gives one that is the same every time.
 work="$(mktemp -d)"
 host=""
 finish() {
@@ -33,9 +34,9 @@ finish() {
   rm -rf "$work"
 }
 trap finish EXIT
-[ -n "$tour" ] && export QUORVEL_HOME="$work/home"
+[ -n "$tour" ] && export QUORVEL_HOME="${QUORVEL_TOUR_HOME:-$work/home}"
 
-build/release/demohost/quorvel-demohost --port 0 ${tour:+--data "$work/sample.sqlite"} >"$work/host.log" &
+build/release/demohost/quorvel-demohost --port 0 ${tour:+--data "$QUORVEL_HOME/sample.sqlite"} >"$work/host.log" &
 host=$!
 for _ in $(seq 100); do
   grep -q '^listening on ' "$work/host.log" && break

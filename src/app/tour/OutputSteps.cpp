@@ -42,7 +42,7 @@ std::vector<TourStep> OutputSteps(QtBackend& backend) {
       {"printer", [] { return ToolkitDialogShows<QPrintDialog>(); }, key(Qt::Key_Escape)},
       {"", [report] { return report() && !ToolkitDialogShows<QPrintDialog>(); }, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
       {"export-parameters", parameters, [user] { user.Click(Form<frmExpParm>().txtDesc); }},
-      {"", parameters, type("Read it aloud")},
+      {"", parameters, type("Count the lines")},
       {"", parameters, [user] { user.Click(Form<frmExpParm>().txtCmd); }},
       {"", parameters, type("wc -l @\r")},
       {"export-command-added", parameters, [user] { user.Click(Form<frmExpParm>().cmdBrowseExp); }},

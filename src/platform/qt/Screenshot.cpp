@@ -27,14 +27,29 @@ void DrawFrame(QPainter& painter, const QRect& place, const QString& title) {
   const QRect bar(place.left() - 1, place.top() - kTitleHeight, place.width() + 2, kTitleHeight);
   painter.fillRect(bar, QColor(kFrame));
   painter.setPen(Qt::white);
-  painter.drawText(bar.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, title);
+  const QRect room = bar.adjusted(10, 0, -10, 0);
+  const QString shown = painter.fontMetrics().elidedText(title, Qt::ElideMiddle, room.width());
+  painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, shown);
   painter.setPen(QColor(kFrame));
   painter.drawRect(place.adjusted(-1, 0, 0, 0));
 }
 
+QRect WithFrame(const QRect& place) {
+  return place.adjusted(-1, -kTitleHeight, 1, 1);
+}
+
+QString Geometry(const QRect& place, double ratio) {
+  const QRect pixels(place.topLeft() * ratio, place.size() * ratio);
+  return QStringLiteral("%1x%2+%3+%4")
+      .arg(pixels.width())
+      .arg(pixels.height())
+      .arg(pixels.left())
+      .arg(pixels.top());
+}
+
 }  // namespace
 
-QPixmap PictureOfAll(QWidget& shell) {
+QImage PictureOfAll(QWidget& shell) {
   const QPoint corner = shell.mapToGlobal(QPoint(0, 0));
   const auto placeOf = [&corner](const QWidget& window) {
     return QRect(window.mapToGlobal(QPoint(0, 0)) - corner, window.size());
@@ -44,7 +59,7 @@ QPixmap PictureOfAll(QWidget& shell) {
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window == &shell || !window->isVisible() || window->size().isEmpty()) continue;
     above << window;
-    whole |= placeOf(*window).adjusted(-1, -kTitleHeight, 1, 1);
+    whole |= WithFrame(placeOf(*window));
   }
   std::stable_sort(above.begin(), above.end(),
                    [](const QWidget* a, const QWidget* b) { return Height(*a) < Height(*b); });
@@ -57,12 +72,18 @@ QPixmap PictureOfAll(QWidget& shell) {
   painter.translate(-whole.topLeft());
   painter.setFont(QApplication::font());
   painter.drawPixmap(QPoint(0, 0), first);
+  QRect front;
   for (QWidget* window : above) {
     const QRect place = placeOf(*window);
     painter.drawPixmap(place.topLeft(), window->grab());
-    if (!IsMenu(*window)) DrawFrame(painter, place, window->windowTitle());
+    if (IsMenu(*window)) continue;
+    DrawFrame(painter, place, window->windowTitle());
+    front = WithFrame(place).translated(-whole.topLeft());
   }
-  return picture;
+  painter.end();
+  QImage image = picture.toImage();
+  if (!front.isNull()) image.setText(QStringLiteral("front"), Geometry(front, ratio));
+  return image;
 }
 
 }  // namespace quorvel
