@@ -20,7 +20,7 @@ picture() {
   if [ "$3" = dialog ]; then
     box=(-crop "$(identify -format '%[front]' "$source")" +repage)
   fi
-  convert "$source" "${box[@]}" -strip +dither -colors 128 "PNG8:docs/pictures/$1.png"
+  convert "$source" "${box[@]}" -strip +dither -colors 256 "PNG8:docs/pictures/$1.png"
 }
 
 picture bookmarks bookmark-dragged dialog
