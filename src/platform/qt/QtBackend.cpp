@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QDialog>
 #include <QMenu>
+#include <QPixmapCache>
 #include <QScreen>
 #include <QStyleFactory>
 
@@ -73,6 +74,10 @@ QtBackend::QtBackend(int argc, char** argv) : argc_(argc), app_(argc_, argv) {
   QApplication::setWindowIcon(PictureIcon("app"));
   if (QStyle* style = QStyleFactory::create(QStringLiteral("Fusion")))
     QApplication::setStyle(style);
+  // The toolkit names what it caches after the icons and palettes of single widgets, and keeps the
+  // names for good: about 2 KiB for each dialog of files or screen with combo boxes that is opened.
+  // Without the cache a full paint of a dialog takes some 2 ms more.
+  QPixmapCache::setCacheLimit(0);
   InstallAccessibility();
   services_ = std::make_unique<Services>(QApplication::arguments());
   waker_ = std::make_unique<Waker>();

@@ -3,7 +3,6 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFontDialog>
-#include <QPixmapCache>
 #include <QPrintDialog>
 
 #include "platform/qt/Accessibility.h"
@@ -17,27 +16,12 @@ namespace {
 
 constexpr int kPrinterDialogWidth = 560;  // pixels: room for a path
 
-// Every dialog of files makes its icons anew, and what is scaled from them is cached under names of
-// their own: nobody ever asks for them again, yet the cache fills up to its limit of 10 MiB and
-// keeps the names for good. So nothing is cached while such a dialog is open.
-class NoPixmapCache {
- public:
-  NoPixmapCache() { QPixmapCache::setCacheLimit(0); }
-  ~NoPixmapCache() { QPixmapCache::setCacheLimit(limit_); }
-  NoPixmapCache(const NoPixmapCache&) = delete;
-  NoPixmapCache& operator=(const NoPixmapCache&) = delete;
-
- private:
-  const int limit_ = QPixmapCache::cacheLimit();  // KiB
-};
-
 // True when the user has agreed. The end of the program leaves the dialog's loop like a cancel.
 bool IsAgreed(QDialog& dialog, const char* name) {
   dialog.setObjectName(QLatin1String(name));
   dialog.setAccessibleName(dialog.windowTitle());
   dialog.setAccessibleDescription(AccessibleDescription(QString(), name));
   const BoxAbove above(&dialog);
-  const NoPixmapCache withoutCache;
   return dialog.exec() == QDialog::Accepted;
 }
 
