@@ -43,12 +43,16 @@ std::string Attribute(std::string_view record, int attribute, int value) {
   return std::string(value == 0 ? whole : Field(whole, kVm, value));
 }
 
-void SetAttribute(std::string& record, int attribute, std::string_view text) {
-  auto parts = Split(record, kAm);
-  const auto place = static_cast<std::size_t>(attribute);
+void SetPart(std::string& text, char separator, int number, std::string_view part) {
+  auto parts = Split(text, separator);
+  const auto place = static_cast<std::size_t>(number);
   if (parts.size() < place) parts.resize(place);
-  parts[place - 1] = text;
-  record = Join(parts, kAm);
+  parts[place - 1] = part;
+  text = Join(parts, separator);
+}
+
+void SetAttribute(std::string& record, int attribute, std::string_view text) {
+  SetPart(record, kAm, attribute, text);
 }
 
 std::string Upper(std::string_view text) {

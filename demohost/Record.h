@@ -16,8 +16,11 @@ std::string Join(const std::vector<std::string>& parts, char separator);
 /// `value` 0 is the attribute whole.
 std::string Attribute(std::string_view record, int attribute, int value = 0);
 
-/// Puts `text` in the place of an attribute, adding the marks it takes to reach it.
-/// `attribute` is at least 1 and, being chosen by the program, small.
+/// Puts `part` in the place of a part of `text`, adding the separators it takes to reach it.
+/// `number` is at least 1 and, being chosen by the program, small.
+void SetPart(std::string& text, char separator, int number, std::string_view part);
+
+/// The same for an attribute of a record.
 void SetAttribute(std::string& record, int attribute, std::string_view text);
 
 /// Upper case of the letters A to Z; other bytes stay.

@@ -54,11 +54,7 @@ std::string TwoDigits(int number) {
 }
 
 void SetValue(std::string& attribute, int value, std::string_view text) {
-  auto parts = Split(attribute, kVm);
-  const auto place = static_cast<std::size_t>(value);
-  if (parts.size() < place) parts.resize(place);
-  parts[place - 1] = text;
-  attribute = Join(parts, kVm);
+  SetPart(attribute, kVm, value, text);
 }
 
 std::string Mapping(const ScreenField& field) {

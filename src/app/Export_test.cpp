@@ -349,6 +349,23 @@ TEST_F(ExportTest, TheFolderIsChosenAndKept) {
   EXPECT_EQ(Session().ExportPath, inner.parent_path().string());
 }
 
+TEST_F(ExportTest, AFolderWhosePathCannotBeKeptIsNotTaken) {
+  namespace fs = std::filesystem;
+  const std::string deep =
+      folder.Path() + "/" + std::string(130, 'd') + "/" + std::string(130, 'e');
+  fs::create_directories(deep);
+  Session().BrowseDirectory = deep;
+  const auto open = [this] { Run([] { Form<frmBrowseExp>().ShowModal(); }); };
+  While<frmBrowseExp>(open, [&](frmBrowseExp& dialog) {
+    dialog.cmdOK.UserClick();
+    EXPECT_EQ(BoxTexts(), Texts{"The path of this folder has " + std::to_string(deep.size()) +
+                                " characters; a setting has at most 254."});
+    EXPECT_TRUE(dialog.IsVisible());
+    dialog.cmdCancel.UserClick();
+  });
+  EXPECT_EQ(Session().BrowseDirectory, "");
+}
+
 TEST_F(ExportTest, ADriveThatIsNotReady) {
   const std::string root = backend.drives[0];
   backend.drives.push_back(folder.Path() + "/no-such-drive");

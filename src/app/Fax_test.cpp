@@ -194,6 +194,10 @@ TEST_F(FaxTest, SettingsAreSavedAndTakenOver) {
     EXPECT_EQ(Session().FaxServer + Session().FaxPrefix, "9");
     EXPECT_EQ(Open(fax), 1);
     InSettings(fax, [&](frmFaxSettings& settings) {
+      settings.txtFaxServer.UserEdit(std::string(255, 's'));
+      settings.cmdOK.UserClick();
+      EXPECT_EQ(BoxTexts(), Texts{"Fax Server has 255 characters; a setting has at most 254."});
+      EXPECT_EQ(Session().FaxServer, "");
       settings.txtFaxServer.UserEdit("faxhost");
       settings.txtPrefix.UserEdit("7");
       settings.optSend1.UserClick();

@@ -6,8 +6,9 @@
 #include "link/StartUp.h"
 #include "link/TelnetControl.h"
 #include "platform/Numbers.h"
-#include "platform/controls/Desktop.h"
 #include "platform/PlainText.h"
+#include "platform/ProfileFile.h"
+#include "platform/controls/Desktop.h"
 
 namespace quorvel {
 namespace {
@@ -34,6 +35,7 @@ frmConnect::frmConnect() : Window(Kind::Dialog, "frmConnect") {
   SetLayout({Field(Label1, HostName), Field(Label2, txtUserId), Field(Label3, txtPassword),
              Buttons({&cmdConnect, &cmdCancel, &cmdBrowse})});
 
+  HostName.MaxLength = static_cast<int>(ProfileFile::kLongestValue);
   HostName.GotFocus = [this] { HostName_GotFocus(); };
   HostName.KeyPress = [this](int& code) { HostName_KeyPress(code); };
   txtUserId.KeyPress = [this](int& code) { txtUserId_KeyPress(code); };

@@ -3,6 +3,7 @@
 #include "link/SessionState.h"
 #include "output/frmExpParm.h"
 #include "platform/controls/Desktop.h"
+#include "settings/SettingFaults.h"
 #include "settings/WindowPlacing.h"
 
 namespace quorvel {
@@ -33,10 +34,7 @@ frmBrowseExp::frmBrowseExp() : Window(Kind::Dialog, "frmBrowseExp") {
     lastGoodDrive_ = Drive1.Text();
   };
   Drive1.Click = [this] { Drive1_Change(); };
-  cmdOK.Click = [this] {
-    Session().BrowseDirectory = lblExportDir.Caption();
-    Unload();
-  };
+  cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { Unload(); };
 }
 
@@ -60,6 +58,16 @@ void frmBrowseExp::StartIn(const std::string& folder) {
     desktop().MsgBox("Directory " + folder + " is invalid!");
     Dir1.SetPath(home);
   }
+}
+
+void frmBrowseExp::cmdOK_Click() {
+  const std::string folder = lblExportDir.Caption();
+  if (const std::string fault = SettingFault(folder); !fault.empty()) {
+    desktop().MsgBox("The path of this folder " + fault, MessageBoxStyle::kExclamation);
+    return;
+  }
+  Session().BrowseDirectory = folder;
+  Unload();
 }
 
 void frmBrowseExp::Drive1_Change() {

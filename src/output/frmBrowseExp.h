@@ -26,6 +26,7 @@ class frmBrowseExp : public Window {
   void Form_Load() override;
 
  private:
+  void cmdOK_Click();
   void Drive1_Change();
   void StartIn(const std::string& folder);
 

@@ -2,6 +2,7 @@
 
 #include "link/SessionState.h"
 #include "settings/Configuration.h"
+#include "settings/SettingFaults.h"
 #include "settings/WindowPlacing.h"
 
 namespace quorvel {
@@ -32,6 +33,9 @@ void frmFaxSettings::Form_Load() {
 }
 
 void frmFaxSettings::cmdOK_Click() {
+  for (TextBox* box : {&txtFaxServer, &txtPrefix}) {
+    if (!IsKeepable(*box, SettingFault(box->Text()))) return;
+  }
   SessionState& s = Session();
   s.FaxServer = txtFaxServer.Text();
   s.FaxPrefix = txtPrefix.Text();
