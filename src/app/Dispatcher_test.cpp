@@ -275,6 +275,11 @@ TEST_F(DispatcherTest, CaptureOn) {
   Tell({"~CAPTURE-ON~", "   ", "  ", ""});  // the file is not there: no failure
   EXPECT_EQ(s.CaptureCommand + s.CaptureStrip + s.FaxValues[0], "");
   EXPECT_EQ(BoxTexts(), Texts{});
+  Deliver("half of it");
+  EXPECT_TRUE(std::filesystem::exists(s.CaptureFile));
+  Tell({"~CAPTURE-ON~"});  // starts over
+  EXPECT_FALSE(std::filesystem::exists(s.CaptureFile));
+  EXPECT_EQ(s.PendingOp, "Capture");
 }
 
 TEST_F(DispatcherTest, CaptureOff) {

@@ -2,6 +2,7 @@
 
 #include "app/EntryTest.h"
 #include "entry/DateText.h"
+#include "entry/frmLocate.h"
 
 namespace quorvel {
 namespace {
@@ -509,6 +510,37 @@ TEST_F(EntryFieldsTest, TheAnswerOfAListIsTakenAsTyped) {
     EXPECT_EQ(Session().PendingOp, "");
   }
   EXPECT_EQ(Text(5).Text(), "");
+}
+
+TEST_F(EntryFieldsTest, TheLocatorOfAField) {
+  Put("DATA", "K", "");
+  Put("LOCATOR", "LOC", "Words\xFEINDEX");
+  Put("INDEX", "SMITH", "C1");
+  OpenOn({{3, Field(3, {{13, "LOC"}})}, {4, Field(4)}});
+  Ask().ShowList = [] { Session().ListAnswer = "C1"; };
+  onRequest = [](const Texts& f) -> std::optional<std::string> {
+    if (f[0] != "SYLOCATR") return std::nullopt;
+    return FrameOf({"~LISTBOX~", "Found", "0,0,0,0", "C1 Smith"});
+  };
+  int locators = 0;
+  backend.onIdle = [&, serve = backend.onIdle] {
+    if (serve()) return true;
+    if (!LoadedForm<frmLocate>() || locators > 0) return false;
+    ++locators;
+    user.Type("smith\r");
+    return true;
+  };
+  backend.onPopUp = [&](MenuItem&) { Screen().mnuOptLocate.UserClick(); };
+  Do([&] { user.RightClick(Text(3)); });
+  EXPECT_EQ(TakeRequests(), (Texts{"READ LOCATOR LOC", "READ INDEX SMITH", "SYLOCATR LOC SMITH "}));
+  EXPECT_EQ(Stored(3), "C1");
+  EXPECT_TRUE(HasKeyboard(Text(4)));
+  // A field without one opens no window.
+  Session().CurrentField = 4;
+  Do([&] { Screen().mnuOptLocate.UserClick(); });
+  EXPECT_EQ(locators, 1);
+  EXPECT_EQ(LoadedForm<frmLocate>(), nullptr);
+  EXPECT_TRUE(TakeRequests().empty());
 }
 
 }  // namespace

@@ -183,6 +183,17 @@ TEST_F(ExportTest, ParametersAreLoadedChangedAndSaved) {
     EXPECT_EQ(form.lblExportDir.Caption(), folder.Path());
     form.cmdAdd.UserClick();
     EXPECT_EQ(BoxTexts(), Texts{"A description and command line must be entered"});
+    backend.onFileDialog = [](const FileDialog&) { return "/usr/bin/sheet"; };
+    form.cmdBrowse.UserClick();
+    EXPECT_EQ(form.txtCmd.Text(), "/usr/bin/sheet");
+    backend.onFileDialog = nullptr;
+    form.cmdBrowse.UserClick();  // cancelled
+    EXPECT_EQ(form.txtCmd.Text(), "/usr/bin/sheet");
+    const FileDialog& dialog = backend.fileDialogs.back();
+    EXPECT_EQ(dialog.purpose, FileDialog::Purpose::Open);
+    EXPECT_EQ(dialog.title, "Export Command");
+    EXPECT_EQ(dialog.filter, "Applications (*.exe)|*.exe|All Files (*.*)|*.*");
+    EXPECT_EQ(dialog.flags, 4100);
     form.lstCommands.UserPick(1);
     form.cmdChange.UserClick();
     EXPECT_EQ(form.txtDesc.Text(), "Sheet");

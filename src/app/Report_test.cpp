@@ -45,7 +45,9 @@ TEST_F(ReportTest, ShowsEveryLineAndKeepsTheTerminalFromTheUser) {
   EXPECT_FALSE(report.IsModal());
   EXPECT_FALSE(TerminalEnabled());
   EXPECT_EQ(backend.pointers, (std::vector{MousePointer::Hourglass, MousePointer::Default}));
+  backend.pointers.clear();
   Do([&] { report.mnuFileExit.UserClick(); });
+  EXPECT_EQ(backend.pointers, (std::vector{MousePointer::Hourglass, MousePointer::Default}));
   EXPECT_EQ(LoadedForm<frmReport>(), nullptr);
   EXPECT_TRUE(TerminalEnabled());
   EXPECT_TRUE(std::filesystem::exists(Session().CaptureFile));
@@ -91,6 +93,27 @@ TEST_F(ReportTest, OffersPrintingByTheSetting) {
     EXPECT_EQ(report.mnuFilePrint.Enabled(), allow == 1);
     Do([&] { report.Unload(); });
   }
+}
+
+// The entries beside printing and fax; an export leaves the viewer open.
+TEST_F(ReportTest, EntriesOfTheMenu) {
+  frmReport& report = Capture({"line\r\n"});
+  Texts calls;
+  Ask().ShowExportParameters = [&] { calls.emplace_back("export"); };
+  Ask().ShowFaxSettings = [&] { calls.emplace_back("fax"); };
+  Do([&] { report.mnuOptExp.UserClick(), report.mnuOptFax.UserClick(); });
+  EXPECT_EQ(calls, (Texts{"export", "fax"}));
+
+  const std::string path = folder.Path() + "/out.txt";
+  backend.onFileDialog = [&](const FileDialog&) { return path; };
+  Session().ExportType = 1;
+  Session().ExportCommands[0] = "* " + std::string(31, ' ') + "edit @";
+  Do([&] { report.mnuFileExport.UserClick(); });
+  ASSERT_EQ(backend.started.size(), 1u);
+  EXPECT_EQ(backend.started[0].first, "edit " + path);
+  EXPECT_EQ(std::filesystem::file_size(path), 6u);
+  EXPECT_EQ(LoadedForm<frmReport>(), &report);
+  EXPECT_FALSE(TerminalEnabled());
 }
 
 // --- faults of the capture
@@ -157,6 +180,7 @@ TEST_F(ReportTest, ALinkLostInACaptureLeavesForceOffAsTheWayOut) {
   EXPECT_FALSE(backend.ended);
   EXPECT_EQ(LoadedForm<frmReport>(), nullptr);
   EXPECT_TRUE(std::filesystem::exists(Session().CaptureFile));
+  EXPECT_EQ(Session().PendingOp, "Capture");
 }
 
 TEST_F(ReportTest, AllBytesAndVeryLongLines) {

@@ -65,6 +65,14 @@ TEST_F(TerminalTest, SettingsReachTheTerminal) {
   EXPECT_EQ(terminal.KeyPad(), 1);
   EXPECT_EQ(terminal.CursorKeys(), 1);
   EXPECT_FALSE(terminal.PassThrough());
+  // What they do, with the 8-bit controls of this type (SS3 is 8F).
+  EXPECT_EQ(terminal.emulation().screen().Columns(), 132);
+  EXPECT_EQ(Do([this] { Window().VT2201.UserKey(vt::Key::Up, {}); }),
+            "\x8F"
+            "A");
+  EXPECT_EQ(Do([this] { Window().VT2201.UserKey(vt::Key::Keypad5, {}); }), "\x8Fu");
+  Deliver("\x1B[5ilost\x1B[4i");
+  EXPECT_EQ(backend.printed, Texts{});
   const Font font{"Mono", 9.5, false, true};
   EXPECT_EQ(terminal.Font(), font);
   EXPECT_EQ(terminal.BackColor(), 255);
