@@ -1,14 +1,14 @@
 // The folders include each other in one direction only. The allowed edges stand in
 // cmake/layers.txt; what a target links follows from the same table.
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
+
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -84,11 +84,10 @@ TEST(Layers, EveryIncludeFollowsTheTable) {
   for (const auto& entry : fs::recursive_directory_iterator(src)) {
     const std::string extension = entry.path().extension().string();
     if (extension != ".h" && extension != ".cpp") continue;
-    const std::string folder =
-        fs::relative(entry.path().parent_path(), src).generic_string();
+    const std::string folder = fs::relative(entry.path().parent_path(), src).generic_string();
     ASSERT_TRUE(layers.count(folder)) << folder << " has no line in cmake/layers.txt";
-    const auto found = Violations(layers, folder, entry.path().filename().string(),
-                                  ReadAll(entry.path()));
+    const auto found =
+        Violations(layers, folder, entry.path().filename().string(), ReadAll(entry.path()));
     for (const std::string& violation : found) ADD_FAILURE() << violation;
     ++files;
   }

@@ -65,8 +65,9 @@ class ClientTest {
     backend.RunUntilIdle();
   }
   // Starts it, and has the far end take the connection.
-  void Connect(const std::string& configuration = "[TELNET]\nHostName=host\n[LOGIN]\nUserId=demo\n"
-                                                  "Pwd=secret\n") {
+  void Connect(const std::string& configuration =
+                   "[TELNET]\nHostName=host\n[LOGIN]\nUserId=demo\n"
+                   "Pwd=secret\n") {
     Start(configuration);
     Line().Accept();
     backend.RunUntilIdle();
@@ -87,8 +88,8 @@ class ClientTest {
   }
   // A line of the terminal's screen (from 0) without blanks at its end.
   std::string ScreenLine(int row) {
-    std::string line = LoadedForm<frmTelnet>()->VT2201.ScreenLines().at(
-        static_cast<std::size_t>(row));
+    std::string line =
+        LoadedForm<frmTelnet>()->VT2201.ScreenLines().at(static_cast<std::size_t>(row));
     line.erase(line.find_last_not_of(' ') + 1);
     return line;
   }

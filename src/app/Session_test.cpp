@@ -1,10 +1,9 @@
 // A whole session against the sample host, joined in one process: login, menus, options, terminal,
 // back, log-off, link lost, second session.
 
-#include "app/SessionTest.h"
-
 #include <gtest/gtest.h>
 
+#include "app/SessionTest.h"
 #include "link/frmPassword.h"
 
 namespace quorvel {
@@ -15,9 +14,7 @@ constexpr const char* kAutoLogin =
 
 class SessionStory : public ::testing::Test, public JoinedTest {
  protected:
-  std::string MenuTitle() {
-    return Session().MenuText.substr(0, Session().MenuText.find('\xfe'));
-  }
+  std::string MenuTitle() { return Session().MenuText.substr(0, Session().MenuText.find('\xfe')); }
   // Types an option into the entry of the menu window and presses Enter.
   void Open(const std::string& option) {
     Do([&] {

@@ -66,10 +66,7 @@ TEST(RecordMapping, PacksThePieceFromTheEntryItself) {
       {{{2, "2"}}, 99, "new", "new"},
       {{{2, "2"}}, 99, "", ""},
       {{{2, "2"}, {3, "2"}}, 99, "new", "p\xFDnew\xFDr"},
-      {{{2, "2"}, {3, "5"}},
-       99,
-       "new",
-       "p\xFDq\xFDr\xFD\xFDnew"},
+      {{{2, "2"}, {3, "5"}}, 99, "new", "p\xFDq\xFDr\xFD\xFDnew"},
       {{{2, "2"}, {3, "*"}},
        99,
        "a\xFD"
