@@ -6,9 +6,9 @@
 //
 //   Error    ai_: the entry is refused; as_: the user is taken back to the field; AfterRead,
 //            NewItem, BeforeDelete, BeforeExitWoSave, ExitWoSave: the operation stops
-//   Return   bi_: the field is passed by; ai_: the entry is dropped; BeforeWrite: nothing is
-//   written Replace  ai_: this value is stored in place of the entry data     bo_: what is shown in
-//   place of the stored value
+//   Return   bi_: the field is passed by; ai_: the entry is dropped; BeforeWrite: no writing
+//   Replace  ai_: this value is stored in place of the entry
+//   data     bo_: what is shown in place of the stored value
 //
 // A rule that does none of this lets the screen go on as if it were not there.
 #include "demohost/CaseRules.h"

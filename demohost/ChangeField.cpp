@@ -55,9 +55,7 @@ class ChangeField final : public Program {
   explicit ChangeField(const Change& change) : change_(change) {}
 
   void OnStart(Console& console) override {
-    console.Print(vt::kClear);
-    console.PrintLine(vt::In(vt::kReverse, Left(change_.title, 79)));
-    console.PrintLine("An empty line or a point goes back.");
+    StartQuestions(console, change_.title);
     AskKey(console);
   }
 

@@ -17,12 +17,6 @@ namespace {
 constexpr std::size_t kLineLimit = 50;  // lines that one order may have here
 constexpr int kNumbersTried = 1'000;    // a moment's work; further on, the counter wants mending
 
-void Heading(Console& console, const char* title) {
-  console.Print(vt::kClear);
-  console.PrintLine(vt::In(vt::kReverse, Left(title, 79)));
-  console.PrintLine("An empty line or a point goes back.");
-}
-
 std::string Total(Store& store, const std::string& record) {
   return Show(Form::Money, Stored(store, {Source::OrderTotal}, "", record));
 }
@@ -30,7 +24,7 @@ std::string Total(Store& store, const std::string& record) {
 class OrderEntry final : public Program {
  public:
   void OnStart(Console& console) override {
-    Heading(console, "Enter an Order");
+    StartQuestions(console, "Enter an Order");
     console.Print("Customer number: ");
   }
 
@@ -119,7 +113,7 @@ class OrderStep : public Program {
   explicit OrderStep(const char* title) : title_(title) {}
 
   void OnStart(Console& console) override {
-    Heading(console, title_);
+    StartQuestions(console, title_);
     AskOrder(console);
   }
 

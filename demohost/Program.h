@@ -75,6 +75,9 @@ std::unique_ptr<Program> MakeCommandPrompt();
 /// Lists the customers of a city that the user picks.
 std::unique_ptr<Program> MakeCityListing();
 
+/// An empty screen for questions and answers, with a title and how to leave.
+void StartQuestions(Console& console, std::string_view title);
+
 /// True for what ends a question: an empty line or ".".
 bool Leaves(std::string_view line);
 
