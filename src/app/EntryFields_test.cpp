@@ -160,6 +160,7 @@ TEST_F(EntryFieldsTest, EntriesAndWhatBecomesOfThem) {
   } cases[] = {
       {{}, "1", "text", "", "text", "text"},
       {{}, "1", "   ", "", "", ""},
+      {{}, "1", "Per\xFA", "", "Per?", "Per?"},  // would end the field of a request
       {{}, "x", "text", "", "text", "text"},
       {{{15, "Y"}}, "1", "   ", "Entry is required!", "", "="},
       {{{15, "Y"}}, "1", "", "Entry is required!", "", "="},

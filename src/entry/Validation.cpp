@@ -4,6 +4,7 @@
 #include "entry/DateText.h"
 #include "entry/NumberText.h"
 #include "link/Records.h"
+#include "link/Requests.h"
 #include "link/SessionState.h"
 #include "platform/Numbers.h"
 
@@ -40,11 +41,11 @@ void Validation::Judge(const FieldDefinition& field) const {
 }
 
 bool Validation::IsAcceptable(const FieldDefinition& field, const std::string& old) const {
-  std::string entry = fields_.Entry(field.number);
-  if (!entry.empty() && entry.find_first_not_of(' ') == std::string::npos) {
-    entry.clear();
-    SetText(fields_, field.number, entry);
-  }
+  const std::string typed = fields_.Entry(field.number);
+  // What ends a field of a request would cut the record off there.
+  std::string entry = AsField(typed);
+  if (entry.find_first_not_of(' ') == std::string::npos) entry.clear();
+  if (entry != typed) SetText(fields_, field.number, entry);
   if (!JudgeType(field, entry)) return false;
   Justify(field, entry);
   if (entry.empty() && field.required) {
