@@ -199,7 +199,7 @@ TEST_F(BookmarksTest, ThePickedLineRuns) {
 
 TEST_F(BookmarksTest, FailuresAreToldAndLoseNothing) {
   LogIn();
-  const std::string large(5 * 1024 * 1024, 'x');
+  const std::string large(std::size_t{5} << 20, 'x');
   const std::string many(40'000, '\n');
   for (const std::string& text : {large, many}) {
     Put(text);

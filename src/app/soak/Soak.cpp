@@ -17,6 +17,7 @@ constexpr Pace kPace{20, 3, 60'000};
 
 std::vector<const Story*> Pointers(const std::vector<Story>& stories) {
   std::vector<const Story*> all;
+  all.reserve(stories.size());
   for (const Story& story : stories) all.push_back(&story);
   return all;
 }

@@ -9,7 +9,7 @@
 int main(int argc, char** argv) {
   QCoreApplication app(argc, argv);
   const QString title = app.arguments().value(1);
-  const quorvel::CopyRegistry copies([title] { return title; },
+  const quorvel::CopyRegistry copies([&title] { return title; },
                                      [] {
                                        std::puts("raised");
                                        std::fflush(stdout);

@@ -96,7 +96,7 @@ void ReportWidget::FitScrollBars() {
   verticalScrollBar()->setPageStep(std::max(RowHeight(), room.height() - heading));
   verticalScrollBar()->setSingleStep(RowHeight());
   const qint64 width =
-      static_cast<qint64>(view_->Lines().Longest()) * font_.CellWidth() + 2 * kMargin;
+      static_cast<qint64>(view_->Lines().Longest()) * font_.CellWidth() + 2LL * kMargin;
   horizontalScrollBar()->setRange(0, Clamped(width - room.width()));
   horizontalScrollBar()->setPageStep(room.width());
   horizontalScrollBar()->setSingleStep(font_.CellWidth());
@@ -224,7 +224,7 @@ void ReportWidget::BringIntoView(const ReportView::Mark& mark) {
   BringIntoView(mark.line);
   QScrollBar& bar = *horizontalScrollBar();
   const qint64 left = static_cast<qint64>(mark.column) * font_.CellWidth();
-  const qint64 right = left + static_cast<qint64>(mark.length) * font_.CellWidth() + 2 * kMargin;
+  const qint64 right = left + static_cast<qint64>(mark.length) * font_.CellWidth() + 2LL * kMargin;
   if (bar.value() + viewport()->width() < right) bar.setValue(Clamped(right - viewport()->width()));
   if (bar.value() > left) bar.setValue(Clamped(left));
 }
