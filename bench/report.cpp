@@ -56,7 +56,7 @@ const Folder& TheFolder() {
 // The report, written once and read once, so that it is in the page cache.
 const std::string& ReportFile() {
   static const std::string path = [] {
-    const std::string name = TheFolder().File("ledger.txt");
+    std::string name = TheFolder().File("ledger.txt");
     std::ofstream file(name, std::ios::binary);
     for (std::size_t i = 1; i <= kLines; ++i) {
       std::string line = std::to_string(i) + "  22 Nov 2026  C1001  Invoice";

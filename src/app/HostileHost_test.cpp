@@ -10,13 +10,14 @@ namespace quorvel {
 namespace {
 
 std::string MenuFrame() {
-  return FrameOf({"~STARTMENU~", "ID",
-                  "Title\xFE"
-                  "Tab\xFEOne\xFDTab\xFETwo\xFDTab",
-                  "\xFE"
-                  "A.MENU\xFE"
-                  "B",
-                  "who"});
+  const std::string titleAndTabs =
+      "Title\xFE"
+      "Tab\xFEOne\xFDTab\xFETwo\xFDTab";
+  const std::string menuIds =
+      "\xFE"
+      "A.MENU\xFE"
+      "B";
+  return FrameOf({"~STARTMENU~", "ID", titleAndTabs, menuIds, "who"});
 }
 
 // The states of a session that the host can misbehave in, and how to get there.

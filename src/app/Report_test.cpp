@@ -104,7 +104,7 @@ TEST_F(ReportTest, EntriesOfTheMenu) {
   Do([&] { report.mnuOptExp.UserClick(), report.mnuOptFax.UserClick(); });
   EXPECT_EQ(calls, (Texts{"export", "fax"}));
 
-  const std::string path = folder.Path() + "/out.txt";
+  std::string path = folder.Path() + "/out.txt";
   backend.onFileDialog = [&](const FileDialog&) { return path; };
   Session().ExportType = 1;
   Session().ExportCommands[0] = "* " + std::string(31, ' ') + "edit @";
@@ -160,7 +160,7 @@ TEST_F(ReportTest, LastLinesInTheBlockOfTheClosingFrame) {
     Deliver(FrameOf({"~CAPTURE-ON~", "", "", ""}));
     Deliver("first\r\n");
     Deliver("last\r\n" + FrameOf({"~CAPTURE-OFF~"}));
-    const Texts lines = LinesOf(*LoadedForm<frmReport>());
+    Texts lines = LinesOf(*LoadedForm<frmReport>());
     Do([] { Form<frmReport>().Unload(); });
     return lines;
   };

@@ -28,17 +28,8 @@ TEST_F(RequestsTest, EachRequestIsOneLineAndWaitsForAFrame) {
     std::string line;
   } requests[] = {
       {"ReadRecord", [] { ReadRecord("FILE", "K 1"); }, RequestOf({"READ", "FILE", "K 1"})},
-      {"WriteRecord",
-       [] {
-         WriteRecord("FILE", "K",
-                     "a\xFE"
-                     "b\xFD\xFF",
-                     "SYCRLOC");
-       },
-       RequestOf({"WRITE", "FILE", "K",
-                  "a\xFE"
-                  "b\xFD\xFF\xFF",
-                  "SYCRLOC"})},  // IAC is doubled
+      {"WriteRecord", [] { WriteRecord("FILE", "K", "1\xFE-2\xFD\xFF", "SYCRLOC"); },
+       RequestOf({"WRITE", "FILE", "K", "1\xFE-2\xFD\xFF\xFF", "SYCRLOC"})},  // IAC is doubled
       {"DeleteRecord", [] { DeleteRecord("FILE", "", "SYCRLOC"); },
        RequestOf({"DELETE", "FILE", "", "SYCRLOC"})},
       {"LockRecord", [] { LockRecord("FILE", "K", "L"); },
@@ -164,15 +155,11 @@ TEST_F(RequestsTest, AHookCallWaitsForItsMessage) {
   s.ScreenId = "AR.CUST";
   s.CaseProgram = "ARP";
   s.CaseHook = "hook";
-  s.EntryRecord =
-      "e\xFE"
-      "1";
+  s.EntryRecord = "e\xFE-1";
   s.OriginalRecord = "o";
   s.CaseData = "d";
-  const std::string sent = RequestOf({"CASELOGIC", "AR.CUST", "arg", "ARP", "hook",
-                                      "e\xFE"
-                                      "1",
-                                      "o", "d"});
+  const std::string sent =
+      RequestOf({"CASELOGIC", "AR.CUST", "arg", "ARP", "hook", "e\xFE-1", "o", "d"});
   // Other requests may run inside it.
   Answer({FrameOf({"~MSGBOX~", "", "Checking"}), FrameOf({"~MAINT.MODE~"}), FrameOf({"record"}),
           FrameOf({"~CASELOGIC~", "next"})});

@@ -132,7 +132,7 @@ TEST_F(TerminalSettingsTest, ChangedSavedAndLoadedAgain) {
   LogIn("UserId=demo\nSendKeys=x^[13]\n", "QuickExit=0\nForceOff=1\nPort=99\n");
   mdiMain& main = *LoadedForm<mdiMain>();
   main.Caption = Session().Caption + " - host";
-  const std::string saved = folder.Path() + "/saved.inf";
+  std::string saved = folder.Path() + "/saved.inf";
   backend.onFileDialog = [&](const FileDialog&) { return saved; };
   backend.onFontDialog = [](const Font&) { return Font{"Other", 11, false, true}; };
   backend.onColourDialog = [](std::uint32_t) { return kRed; };

@@ -1,5 +1,5 @@
 // quorvel-icons DIR SIZE...: writes the program's icon into DIR, one PNG for each size (pixels), in
-// the folders of the icon theme specification: DIR/48x48/apps/quorvel.png.
+// the folders in which desktops look for icon themes: DIR/48x48/apps/quorvel.png.
 
 #include <QApplication>
 #include <QDir>

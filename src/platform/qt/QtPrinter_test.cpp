@@ -31,7 +31,7 @@ class QtPrinterTest : public ::testing::Test {
  protected:
   // As if the user had chosen this file in the dialog.
   QString Choose(QtPrinter& printer, const char* name) const {
-    const QString path = folder.filePath(name);
+    QString path = folder.filePath(name);
     printer.Current().setOutputFormat(QPrinter::PdfFormat);
     printer.Current().setOutputFileName(path);
     printer.TakeChoice();
