@@ -63,6 +63,7 @@ QWidget* Prepared(const Control& control) {
 void AddField(QFormLayout& form, const LayoutRow& row) {
   QWidget* label = WidgetOf(*row.label);
   auto* line = new QHBoxLayout;
+  line->setSpacing(kSpacing);
   for (const Control* control : row.controls) {
     QWidget* field = Prepared(*control);
     if (control->kind() != ControlKind::Button) {

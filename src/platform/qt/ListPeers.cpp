@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include "platform/controls/Lists.h"
@@ -179,6 +180,17 @@ class ComboPeer : public ListPeer {
   bool editing_ = false;
 };
 
+// The toolkit sets rows without a picture as close as lines of text; these are to be told apart,
+// hit and dragged.
+class SpacedRows : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    constexpr int kSpace = 4;  // pixels
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kSpace);
+  }
+};
+
 // List boxes and list views; rows count from 0 here, -1 is none.
 class RowsPeer : public ListPeer {
  public:
@@ -302,9 +314,13 @@ std::unique_ptr<WidgetPeer> MakeComboBox(ComboBox& combo, QWidget* parent) {
 }
 
 std::unique_ptr<WidgetPeer> MakeListBox(ListBox& list, QWidget* parent) {
-  return std::make_unique<RowsPeer>(list, parent, ModelOf(list.List),
-                                    RowsPeer::Doings{[&list] { return list.ListIndex(); },
-                                                     [&list](int row) { list.UserPick(row); }});
+  auto peer =
+      std::make_unique<RowsPeer>(list, parent, ModelOf(list.List),
+                                 RowsPeer::Doings{[&list] { return list.ListIndex(); },
+                                                  [&list](int row) { list.UserPick(row); }});
+  auto* view = static_cast<QListView*>(peer->Widget());
+  view->setItemDelegate(new SpacedRows(view));
+  return peer;
 }
 
 std::unique_ptr<WidgetPeer> MakeListView(ListView& list, QWidget* parent) {
