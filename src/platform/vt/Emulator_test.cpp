@@ -120,6 +120,18 @@ TEST(Emulator, ResizeKeepsWhatIsShown) {
   EXPECT_EQ(terminal.screen().Rows(), kMaxRows);
 }
 
+// A control sequence with none to eighteen parameters of none to five digits.
+std::string RandomSequence(std::mt19937& random) {
+  static constexpr std::string_view kFinals = "ABCDHJKLMPXdfmrm";
+  std::string sequence = "\x1B[";
+  for (std::size_t n = random() % 3 == 0 ? random() % 19 : random() % 4; n > 0; --n) {
+    const std::size_t digits = random() % 8 == 0 ? random() % 6 : 1 + random() % 2;
+    for (std::size_t i = 0; i < digits; ++i) sequence += static_cast<char>('0' + random() % 10);
+    if (n > 1) sequence += ';';
+  }
+  return sequence + kFinals[random() % kFinals.size()];
+}
+
 // Bytes as a hostile or broken host might send them: fragments of sequences between random ones.
 std::string RandomStream(std::mt19937& random, std::size_t pieces) {
   static const std::string_view kFragments[] = {"\x1B[",
@@ -193,6 +205,8 @@ std::string RandomStream(std::mt19937& random, std::size_t pieces) {
   for (std::size_t i = 0; i < pieces; ++i) {
     if (random() % 4 == 0) {
       for (std::size_t n = random() % 6; n > 0; --n) stream += static_cast<char>(random() & 0xFF);
+    } else if (random() % 4 == 0) {
+      stream += RandomSequence(random);
     } else {
       stream += kFragments[random() % std::size(kFragments)];
     }

@@ -32,6 +32,35 @@ TEST(Cursor, MovesAndStopsAtTheEdges) {
   });
 }
 
+// Numbers of any length, whether the sequence comes in one piece with more behind it (NUL is a fill
+// character) or byte by byte.
+TEST(Cursor, EveryAddress) {
+  constexpr int kColumns = 132;
+  constexpr int kRows = 120;
+  Emulator terminal(kColumns, kRows);
+  const auto expect = [&](const std::string& row, const std::string& column, int atRow,
+                          int atColumn) {
+    const std::string place = std::to_string(atRow) + ";" + std::to_string(atColumn);
+    const std::string text = "\x1B[" + row + ";" + column + "H" + std::string(8, '\0');
+    terminal.Feed("\x1B[H");
+    terminal.Feed(text);
+    ASSERT_EQ(CursorOf(terminal), place) << row << ";" << column;
+    terminal.Feed("\x1B[H");
+    for (const char byte : text) terminal.Feed({&byte, 1});
+    ASSERT_EQ(CursorOf(terminal), place) << row << ";" << column << ", byte by byte";
+  };
+  for (int row = 1; row <= kRows; ++row) {
+    for (int column = 1 + row % 3; column <= kColumns; column += 3) {
+      expect(std::to_string(row), std::to_string(column), row, column);
+    }
+  }
+  expect("007", "00012", 7, 12);
+  expect("", "131", 1, 131);
+  expect("119", "", 119, 1);
+  expect("999", "1000", kRows, kColumns);
+  expect("5", "6;7;8;9;10;11;12;13;14;15;16;17;18;19", 5, 6);  // further parameters mean nothing
+}
+
 // DEC STD 070 and a real VT220 (the wrap tests published for it): what ends a pending wrap.
 TEST(Cursor, LastColumnFlag) {
   const std::string full = "0123456789";

@@ -157,6 +157,7 @@ class Machine {
     const std::uint64_t attributes = Bits(ink);
     Cell* const out = screen.Overwrite(screen.cursorRow, screen.cursorColumn, count);
     StoreBits(out, attributes | std::uint64_t{map.glyphs[first[0]]} << kGlyphShift);
+    if (count == 1) return;  // asked once, ahead of what prepares for many
     for (int i = 1 + (map.showsAscii ? WriteAscii(first + 1, count - 1, out + 1) : 0); i < count;
          ++i) {
       const std::uint64_t glyph = map.glyphs[first[i]];
