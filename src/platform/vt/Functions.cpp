@@ -185,13 +185,15 @@ void Machine::EscapeDispatch(const Sequence& sequence) {
   if (row != nullptr && level >= row->level) row->handler(*this, sequence);
 }
 
-void Machine::CsiDispatch(const Sequence& sequence) {
+void Machine::ChooseFunctions() {
+  plainCsi_ = &kCsiByCode[static_cast<std::size_t>(level) * kCsiPrefixes.size() * kFinals];
+}
+
+void Machine::CsiWithPrefix(const Sequence& sequence) {
   if (sequence.prefix > 0x7F) return;
   const int prefix = kCsiPrefixPlaces[sequence.prefix];
   if (prefix < 0) return;
-  const std::size_t row =
-      static_cast<std::size_t>(level) * kCsiPrefixes.size() + static_cast<std::size_t>(prefix);
-  kCsiByCode[row * kFinals + static_cast<std::size_t>(sequence.final - 0x40)](*this, sequence);
+  plainCsi_[prefix * static_cast<int>(kFinals) + sequence.final - kFirstCsiFinal](*this, sequence);
 }
 
 void Machine::Vt52Dispatch(char final, int row, int column) {

@@ -22,6 +22,7 @@ Level LevelOf(TerminalType type) {
 
 Machine::Machine(int columns, int rows) : setUp{columns}, screen(columns, rows) {
   setUp.columns = screen.Columns();
+  ChooseFunctions();
   ChooseMap();
   bottom = screen.Rows() - 1;
   SetDefaultTabs();
@@ -47,6 +48,7 @@ void Machine::SetType(TerminalType newType) {
 
 void Machine::EnterLevel(Level newLevel) {
   level = newLevel;
+  ChooseFunctions();
   ChooseMap();
   const C1Bytes c1 = level == Level::Vt220 ? C1Bytes::Controls : C1Bytes::Text;
   switch (level) {

@@ -68,7 +68,13 @@ class Machine {
   }
   void Execute(unsigned char control);
   void EscapeDispatch(const Sequence& sequence);
-  void CsiDispatch(const Sequence& sequence);
+  void CsiDispatch(const Sequence& sequence) {
+    if (sequence.prefix == 0) {  // as nearly always
+      plainCsi_[sequence.final - kFirstCsiFinal](*this, sequence);
+    } else {
+      CsiWithPrefix(sequence);
+    }
+  }
   void Vt52Dispatch(char final, int row, int column);
   void StringStart(const Sequence& sequence);
   void StringPut(char byte);
@@ -185,8 +191,14 @@ class Machine {
   const unsigned char* PrintPart(const unsigned char* first, const unsigned char* last);
 
   void ChooseMap();
+  void ChooseFunctions();  // those of the level
+  void CsiWithPrefix(const Sequence& sequence);
 
-  const GlyphMap* map_ = nullptr;  // from bytes to glyphs, as level and sets have it
+  static constexpr int kFirstCsiFinal = 0x40;
+  using CsiHandler = void (*)(Machine&, const Sequence&);
+
+  const CsiHandler* plainCsi_ = nullptr;  // by final character, for sequences without a prefix
+  const GlyphMap* map_ = nullptr;         // from bytes to glyphs, as level and sets have it
   bool vt52Graphics_ = false;
 
   bool definesKeys_ = false;  // a DECUDK string is being received

@@ -41,8 +41,8 @@ class Parser {
   const StateRow& RowOf(State state) const { return (*table_)[static_cast<std::size_t>(state)]; }
   const Byte* EndOfText(const Byte* from, const Byte* end) const;
   const Byte* TakeParameters(const Byte* from, const Byte* end);
-  // Takes numbers of one to three digits with separators between them, at most kMaxParameters.
-  // Returns behind them, or null when there is something else, or the piece ends too early.
+  // Takes a few numbers of one to three digits with separators between them. Returns behind them,
+  // or null when there is something else, or the piece ends too early.
   const Byte* TakeShortParameters(const Byte* at, const Byte* end);
   template <class Sink>
   const Byte* TakeWholeSequence(const Byte* from, const Byte* end, Sink& sink);
@@ -185,14 +185,15 @@ const Parser::Byte* Parser::TakeWholeSequence(const Byte* from, const Byte* end,
 
 inline const Parser::Byte* Parser::TakeShortParameters(const Byte* at, const Byte* end) {
   constexpr int kByte = 8;  // bits
+  constexpr std::size_t kMostAtOnce = ParameterBytes::kLength / 2;
   std::size_t count = 0;
-  while (end - at >= ParameterBytes::kLength) {
+  while (end - at >= ParameterBytes::kLength && count <= Sequence::kMaxParameters - kMostAtOnce) {
     const ParameterBytes bytes(at);
     int start = 0;  // of a number, in bits from `at`
     for (std::uint64_t others = bytes.others; others != 0; others &= others - 1) {
       const int stop = std::countr_zero(others) - (kByte - 1);
       const int size = stop - start;
-      if (size < kByte || size > 3 * kByte || count == Sequence::kMaxParameters) return nullptr;
+      if (size < kByte || size > 3 * kByte) return nullptr;
       auto value = static_cast<int>(bytes.pairs >> (stop - kByte) & 0xFF);
       if (size == 3 * kByte) value += static_cast<int>(bytes.digits >> start & 0xFF) * 100;
       sequence_.parameters[count++] = value;

@@ -13,10 +13,10 @@ constexpr std::array<Cell, kMaxColumns> kBlankRow{};
 Screen::Screen(int columns, int rows) : columns_(std::clamp(columns, kMinColumns, kMaxColumns)) {
   const auto count = static_cast<std::size_t>(std::clamp(rows, kMinRows, kMaxRows));
   cells_.resize(count * static_cast<std::size_t>(columns_));
-  for (std::size_t slot = 0; slot < count; ++slot) {
-    rows_.push_back({static_cast<std::uint16_t>(slot), 0, LineAttribute::SingleWidth, false});
+  for (std::size_t row = 0; row < count; ++row) {
+    const auto first = static_cast<std::uint32_t>(row * static_cast<std::size_t>(columns_));
+    rows_.push_back({first, 0, LineAttribute::SingleWidth, false, true});
   }
-  MarkAll();
 }
 
 std::span<const Cell> Screen::Row(int row) const {
@@ -57,7 +57,7 @@ void Screen::Erase(int row, int from, int to) {
   state.wrapped = state.wrapped && to < columns_;
   if (from >= end) return;
   std::copy_n(kBlankRow.begin(), end - from, CellsOf(row) + from);
-  if (end == state.used) state.used = static_cast<std::uint16_t>(from);
+  if (end == state.used) state.used = static_cast<std::uint8_t>(from);
   Mark(row);
 }
 
@@ -78,7 +78,7 @@ void Screen::InsertCells(int row, int column, int count) {
   Cell* cells = CellsOf(row);
   std::move_backward(cells + column, cells + width - count, cells + width);
   std::fill(cells + column, cells + column + count, kBlankCell);
-  state.used = static_cast<std::uint16_t>(std::min(width, state.used + count));
+  state.used = static_cast<std::uint8_t>(std::min(width, state.used + count));
   Mark(row);
 }
 
@@ -93,8 +93,7 @@ void Screen::DeleteCells(int row, int column, int count) {
 }
 
 void Screen::Blank(RowState& state) {
-  Cell* cells = cells_.data() + std::size_t{state.slot} * static_cast<std::size_t>(columns_);
-  std::copy_n(kBlankRow.begin(), state.used, cells);
+  std::copy_n(kBlankRow.begin(), state.used, cells_.data() + state.first);
   state.used = 0;
   state.attribute = LineAttribute::SingleWidth;
   state.wrapped = false;
@@ -136,7 +135,7 @@ void Screen::Resize(int columns, int rows, int dropTop) {
   for (int row = 0; row < keptRows; ++row) {
     const RowState& from = StateOf(row + dropTop);
     RowState& to = fresh.StateOf(row);
-    to.used = static_cast<std::uint16_t>(std::min<int>(from.used, keptColumns));
+    to.used = static_cast<std::uint8_t>(std::min<int>(from.used, keptColumns));
     to.attribute = from.attribute;
     to.wrapped = from.wrapped && fresh.columns_ == columns_;
     std::copy_n(CellsOf(row + dropTop), keptColumns, fresh.CellsOf(row));
@@ -156,16 +155,20 @@ void Screen::MarkAll() {
 }
 
 void Screen::MarkRange(int first, int last) {
-  for (unsigned word = 0; word < dirty_.size(); ++word) {
+  for (unsigned word = 0; word < dirtyRanges_.size(); ++word) {
     const int low = std::max(first - static_cast<int>(word) * 64, 0);
     const int high = std::min(last - static_cast<int>(word) * 64, 63);
     if (low > high) continue;
-    dirty_[word] |= (~std::uint64_t{0} >> (63 - (high - low))) << low;
+    dirtyRanges_[word] |= (~std::uint64_t{0} >> (63 - (high - low))) << low;
   }
 }
 
 std::array<std::uint64_t, kMaxRows / 64> Screen::TakeDirtyBits() {
-  return std::exchange(dirty_, {});
+  auto bits = std::exchange(dirtyRanges_, {});
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    bits[row / 64] |= std::uint64_t{std::exchange(rows_[row].dirty, false)} << row % 64;
+  }
+  return bits;
 }
 
 }  // namespace quorvel::vt
