@@ -274,6 +274,16 @@ TEST_F(ReceiverTest, PassThroughPrint) {
   backend.printerFails = false;
   Deliver("back");
   EXPECT_EQ(backend.printed.back(), "back");
+  backend.printerFails = true;
+  Deliver("gone again");
+  EXPECT_EQ(BoxTexts().size(), 3u);
+  // A session that ends while it prints leaves nothing of it to the next one.
+  Begin();
+  Deliver("on the screen");
+  EXPECT_EQ(BoxTexts().size(), 3u);
+  Deliver(FrameOf({"~STARTPRINT~"}));
+  Deliver("lost");
+  EXPECT_EQ(BoxTexts().size(), 4u);
 }
 
 }  // namespace

@@ -33,6 +33,27 @@ class TerminalSettingsTest : public ModalTest {
   }
 };
 
+// The host may have changed what the user is shown, and the user changes it back.
+TEST_F(TerminalSettingsTest, ShowsWhatTheHostHasSet) {
+  LogIn("UserId=demo\n", "");
+  Deliver("\x1B[?1h\x1B=\x1B[?3h");  // DECCKM, DECKPAM, DECCOLM
+  InSettings([this](frmTerm& window) {
+    EXPECT_EQ(window.cboCols.Text(), "132");
+    EXPECT_TRUE(window.optKPApp.Value() && window.optCKApp.Value());
+    window.cboCols.UserPick(0);
+    user.Click(window.optKPNum);
+    user.Click(window.optCKNorm);
+    window.txtRows.UserEdit("0.5");
+    user.Click(window.cmdOK);
+  });
+  const vt::Emulator& emulation = Screen().emulation();
+  EXPECT_EQ(emulation.screen().Columns(), 80);
+  EXPECT_EQ(emulation.screen().Rows(), 1);
+  EXPECT_FALSE(emulation.ApplicationKeypad() || emulation.ApplicationCursorKeys());
+  EXPECT_EQ(Session().Rows, 0);
+  InSettings([](frmTerm& window) { EXPECT_EQ(window.txtRows.Text(), "1"); });
+}
+
 TEST_F(TerminalSettingsTest, ShowsWhatTheTerminalHolds) {
   LogIn("UserId=demo\n",
         "TermType=2\nColumns=1\nRows=30\nBufferRows=70\nKeyPad=1\nLocalEcho=1\nPassThrough=0\n"

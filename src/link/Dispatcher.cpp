@@ -110,12 +110,13 @@ void TakeGetPassword() {
 }
 
 void TakeStartPrint() {
-  Session().PassThroughPrint = kTrue;
+  SessionState& s = Session();
+  if (s.PassThroughPrint == kFalse) s.PrintFailureTold = false;
+  s.PassThroughPrint = kTrue;
 }
 
 void TakeStopPrint() {
   Session().PassThroughPrint = kFalse;
-  Session().PrintFailureTold = false;
   desktop().backend().printer().EndDocument();
 }
 

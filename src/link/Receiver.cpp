@@ -83,11 +83,13 @@ constexpr PendingStep kPendingSteps[] = {
     {"Capture", Capture},
 };
 
-// A printer that fails would fail for every block of what the host prints: one box is enough.
+// A printer that fails would fail for every block of what the host prints: one box is enough, until
+// it has printed again or another printing begins.
 void PrintThrough(const std::string& data) {
   bool& told = Session().PrintFailureTold;
   try {
     desktop().backend().printer().PrintText(data);
+    told = false;
   } catch (const RuntimeError&) {
     if (!std::exchange(told, true)) throw;
   }

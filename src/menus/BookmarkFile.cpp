@@ -63,6 +63,12 @@ std::vector<std::string> ReadBookmarks() {
 
 void WriteBookmarks(const std::vector<std::string>& lines) {
   const std::string path = PathOfFile();
+  // Renaming asks for no leave of the file that is there. One that may not even be read was shown
+  // as an empty list: it is not to be lost by saving that.
+  std::error_code unknown;
+  if (fs::exists(path, unknown) && !std::ifstream(path)) {
+    throw RuntimeError(Failure::PathFileAccess);
+  }
   const std::string beside = path + ".new";
   std::error_code failed;
   {

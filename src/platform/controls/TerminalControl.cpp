@@ -45,13 +45,23 @@ void Terminal::Apply(Prop mode) {
   }
 }
 
+// The properties tell what holds now, whoever has set it.
+void Terminal::AdoptModes() {
+  Columns.Adopt(emulation_.screen().Columns() > 80 ? 1 : 0);
+  Rows.Adopt(emulation_.screen().Rows());
+  KeyPad.Adopt(emulation_.ApplicationKeypad() ? 1 : 0);
+  CursorKeys.Adopt(emulation_.ApplicationCursorKeys() ? 1 : 0);
+}
+
 void Terminal::PropertyChanged(Prop prop) {
   Apply(prop);
+  AdoptModes();
   Control::PropertyChanged(prop);
 }
 
 void Terminal::Write(std::string_view bytes) {
   emulation_.Feed(bytes);
+  AdoptModes();
   if (emulation_.TakeBells() > 0) desktop().backend().Beep();
   const std::string answers = emulation_.TakeAnswers();
   if (!answers.empty() && Answer) Answer(answers);

@@ -17,7 +17,7 @@ class Terminal : public Control {
   ~Terminal() override;
   ControlKind kind() const override { return ControlKind::Terminal; }
 
-  // --- settings
+  // --- settings; the host changes size, keypad and cursor keys too, and then they tell that
   Property<int> TermType{*this, Prop::TermType, 4};   // index of vt::TerminalType
   Property<int> Columns{*this, Prop::ScreenSize, 0};  // 0: 80, 1: 132
   Property<int> Rows{*this, Prop::ScreenSize, 24};
@@ -64,6 +64,7 @@ class Terminal : public Control {
 
  private:
   void Apply(Prop mode);
+  void AdoptModes();
   void PrintCollected();
 
   vt::Emulator emulation_;

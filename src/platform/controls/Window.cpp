@@ -271,7 +271,7 @@ bool Window::UserKeyDown(KeyEvent key) {
   if (!TakesInput() || !desktop().focus().KeyTarget() || desktop().focus().Front() != this) {
     return true;
   }
-  bool used = false;
+  bool used = true;  // also by a handler that fails: its box was the answer to the key
   AsUserEvent([&] {
     UseKey(key);
     used = key.code == 0;
