@@ -497,6 +497,14 @@ TEST_F(EntryFieldsTest, TheAnswerOfAListIsTakenAsTyped) {
   EXPECT_TRUE(HasKeyboard(Combo(4)));
   EXPECT_EQ(Session().PendingOp, "");
 
+  // It is for the screen that asked, whatever else has happened to the current screen since.
+  answer = "other";
+  Session().CurrentField = 3;
+  Session().ScreenId = "ANOTHER";
+  Deliver(FrameOf({"~LISTBOX~", "Pick", "0,0,0,0", "other"}));
+  EXPECT_EQ(Stored(3), "OTHER");
+  EXPECT_EQ(Session().PendingOp, "");
+
   // A combo box takes the equal item, if it has it, and no later field gets the answer.
   for (const auto& [text, item] : {std::pair{"b", 1}, std::pair{"z", 1}}) {
     answer = text;

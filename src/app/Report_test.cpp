@@ -308,5 +308,14 @@ TEST_F(ReportTest, PrintsWhatItShows) {
   EXPECT_EQ(LoadedForm<frmPrintStatus>(), nullptr);
 }
 
+TEST_F(ReportTest, AnEmptyReportPrintsAsAnEmptyDocument) {
+  frmReport& report = Capture({});
+  ASSERT_TRUE(LinesOf(report).empty());
+  backend.choosesPrinter = true;
+  Do([&] { report.mnuFilePrint.UserClick(); });
+  EXPECT_EQ(backend.printed, Texts{""});
+  EXPECT_EQ(backend.documentsEnded, 1);
+}
+
 }  // namespace
 }  // namespace quorvel

@@ -31,7 +31,8 @@ void OpenScreen::Run(const std::function<void()>& body) {
   if (!window_.IsLoaded()) return;
   const SessionState& s = Session();
   if (s.ScreenId != screenId_) {
-    if (!s.PendingOp.empty()) return;
+    // An answer to be taken waits for nobody: it is for this screen.
+    if (!s.PendingOp.empty() && s.PendingOp != "ReturnAns") return;
     Resume();
   }
   try {

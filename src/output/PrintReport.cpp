@@ -30,6 +30,7 @@ void ShowProgress(std::size_t line, std::size_t count) {
 void PrintLines(const ReportLines& lines, Printer& printer) {
   using Clock = std::chrono::steady_clock;
   auto shown = Clock::now();
+  if (lines.Count() == 0) Try([&] { printer.PrintText(""); });  // an empty document is one, too
   for (std::size_t i = 0; i < lines.Count(); ++i) {
     Try([&] { printer.PrintText(std::string(lines.At(i))); });
     if (Clock::now() - shown < kBetweenCounts) continue;

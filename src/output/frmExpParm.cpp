@@ -42,9 +42,9 @@ frmExpParm::frmExpParm() : Window(Kind::Dialog, "frmExpParm") {
   cmdAdd.Caption = "&Add";
   cmdChange.Caption = "&Change";
   cmdDelete.Caption = "&Delete";
-  lblDesc.Caption = "Descri&ption:";
+  lblDesc.Caption = "Descri&ption";
   txtDesc.MaxLength = static_cast<int>(ExportCommand::kDescription);
-  lblCmd.Caption = "Command Li&ne:";
+  lblCmd.Caption = "Command Li&ne";
   cmdBrowse.Caption = "B&rowse";
   lblWildcard.Caption = "(use @ as a wildcard for report file name)";
   chkDefault.Caption = "Set As De&fault";

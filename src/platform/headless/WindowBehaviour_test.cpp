@@ -355,5 +355,19 @@ TEST_F(ShellBehaviour, ThePanelTakesItsHeightFromTheClientArea) {
   EXPECT_EQ(shell.resized, 3);
 }
 
+TEST_F(ModalBehaviour, AResizableDialogKeepsTheSizeGivenWhileLoading) {
+  struct SizedDialog : JournalForm {
+    SizedDialog() : JournalForm(Kind::Dialog, "Sized") { Resizable = true; }
+  };
+  SizedDialog& dialog = desktop().FormObject<SizedDialog>();
+  dialog.onLoad = [&] {
+    dialog.Width = 7500;
+    dialog.Height = 6000;
+  };
+  Do([&] { dialog.Show(); });
+  EXPECT_EQ(dialog.Width(), 7500);
+  EXPECT_EQ(dialog.Height(), 6000);
+}
+
 }  // namespace
 }  // namespace quorvel

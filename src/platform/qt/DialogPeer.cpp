@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QResizeEvent>
 #include <QTimer>
+#include <utility>
 
 #include "platform/controls/Desktop.h"
 #include "platform/qt/DialogLayout.h"
@@ -33,11 +34,12 @@ class DialogWidget : public WindowWidget {
   // Makes the inside as large as the window asks, or as its rows need.
   void TakeSize() {
     if (!window_) return;
-    const QSize frame = frameGeometry().size() - size();
     const QSize wanted(ToPixels(window_->Width()), ToPixels(window_->Height()));
-    SetSize(wanted - frame);
+    if (!isVisible()) wantedAtShow_ = wanted;
+    SetSizeWithFrame(wanted);
   }
   void TakeSizeOfRows() {
+    wantedAtShow_ = QSize();
     inside->layout()->activate();
     const QSize hint = inside->sizeHint();
     const QSize whole(hint.width(), hint.height() + BarHeight(hint.width()));
@@ -76,7 +78,12 @@ class DialogWidget : public WindowWidget {
  protected:
   bool event(QEvent* event) override {
     // The window system puts the frame on behind our back.
-    if (event->type() == QEvent::Show) QTimer::singleShot(0, this, [this] { TellSize(); });
+    if (event->type() == QEvent::Show) {
+      QTimer::singleShot(0, this, [this] {
+        if (wantedAtShow_.isValid()) SetSizeWithFrame(std::exchange(wantedAtShow_, QSize()));
+        TellSize();
+      });
+    }
     return WindowWidget::event(event);
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -99,6 +106,9 @@ class DialogWidget : public WindowWidget {
 
  private:
   int BarHeight(int width) const { return bar_ ? std::max(0, bar_->heightForWidth(width)) : 0; }
+  void SetSizeWithFrame(const QSize& wanted) {
+    SetSize(wanted - (frameGeometry().size() - size()));
+  }
   void SetSize(const QSize& wanted) {
     if (window_ && !window_->Resizable) {
       setFixedSize(wanted.expandedTo(QSize(1, 1)));
@@ -112,6 +122,7 @@ class DialogWidget : public WindowWidget {
 
   QMenuBar* bar_ = nullptr;
   bool placed_ = false;
+  QSize wantedAtShow_;  // with the frame, which isn't known before
 };
 
 class DialogPeer : public QtWindowPeer {

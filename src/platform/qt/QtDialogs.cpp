@@ -1,8 +1,11 @@
 #include "platform/qt/QtDialogs.h"
 
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontDialog>
+#include <QMessageBox>
 #include <QPrintDialog>
 
 #include "platform/qt/Accessibility.h"
@@ -54,8 +57,16 @@ std::optional<std::string> QtDialogs::ChooseFile(const FileDialog& wanted) {
   const QStringList filters = FiltersOf(wanted.filter);
   if (!filters.isEmpty()) dialog.setNameFilters(filters);
   if (!wanted.fileName.empty()) dialog.selectFile(PathToUnicode(wanted.fileName));
-  if (!IsAgreed(dialog, "FileDialog") || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return PathToBytes(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+  while (IsAgreed(dialog, "FileDialog") && !dialog.selectedFiles().isEmpty()) {
+    const QString path = dialog.selectedFiles().constFirst();
+    const QDir folder = QFileInfo(path).dir();
+    if ((wanted.flags & FileDialog::kPathMustExist) == 0 || folder.exists()) {
+      return PathToBytes(QDir::toNativeSeparators(path));
+    }
+    QMessageBox::warning(&dialog, dialog.windowTitle(),
+                         "There is no folder " + QDir::toNativeSeparators(folder.path()));
+  }
+  return std::nullopt;
 }
 
 std::optional<std::uint32_t> QtDialogs::ChooseColour(std::uint32_t present) {
