@@ -353,6 +353,30 @@ TEST_F(EntryFieldsTest, ALookupShowsADescriptionAndSoOn) {
   EXPECT_TRUE(TakeRequests().empty());
 }
 
+// Even where it holds what may not be typed.
+TEST_F(EntryFieldsTest, WhatTheHostSentStaysWhereNobodyTyped) {
+  Put("DATA", "K",
+      "x\xFE"
+      "two\nrows\xFE"
+      "a\nb");
+  OpenOn({{3, Field(3, {{16, "CODES"}, {17, "1"}})},
+          {4, Field(4, {{21,
+                         "z\xFC"
+                         "a\nb"}})},
+          {5, Field(5)}});
+  TakeRequests();
+  const std::string before = Session().EntryRecord;
+  Do([&] { Text(3).UserFocus(); });
+  Press(KeyCode::Return);
+  EXPECT_TRUE(HasKeyboard(Combo(4)));
+  Press(KeyCode::Return);
+  EXPECT_EQ(BoxTexts(), Texts{});
+  EXPECT_TRUE(TakeRequests().empty());
+  EXPECT_EQ(Text(3).Text(), "two\nrows");
+  EXPECT_EQ(Combo(4).ListIndex(), 1);
+  EXPECT_EQ(Session().EntryRecord, before);
+}
+
 TEST_F(EntryFieldsTest, LookupsInACircleEnd) {
   Put("DATA", "K", "");
   for (const char* code : {"a", "b"}) Put("CODES", code, code[0] == 'a' ? "b" : "a");

@@ -42,8 +42,9 @@ void Validation::Judge(const FieldDefinition& field) const {
 
 bool Validation::IsAcceptable(const FieldDefinition& field, const std::string& old) const {
   const std::string typed = fields_.Entry(field.number);
-  // What ends a field of a request would cut the record off there.
-  std::string entry = AsField(typed);
+  // What ends a field of a request would cut the record off there. The host's own text stays.
+  const bool isHosts = typed == old || fields_.ComboBoxOf(field.number);
+  std::string entry = isHosts ? typed : AsField(typed);
   if (entry.find_first_not_of(' ') == std::string::npos) entry.clear();
   if (entry != typed) SetText(fields_, field.number, entry);
   if (!JudgeType(field, entry)) return false;
