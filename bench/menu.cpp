@@ -33,7 +33,7 @@ void BuildMenu(benchmark::State& state) {
   desktop.Handle(quorvel::EventKind::Program, [&] {
     quorvel::Ask().ShowMainWindow();
     FillMenu();
-    auto& menu = quorvel::Form<quorvel::frmSubMenu>();
+    auto& menu = *quorvel::Form<quorvel::frmSubMenu>();
     menu.Show();
     for (auto _ : state) menu.BuildMenu();
     if (menu.lstOptions(9).Items().size() != 10) state.SkipWithError("the menu is not built");

@@ -109,7 +109,7 @@ void Load(benchmark::State& state) {
   quorvel::HeadlessBackend backend;
   quorvel::Desktop desktop(backend);
   quorvel::WireHandOvers();
-  quorvel::frmReport& report = quorvel::Form<quorvel::frmReport>();
+  quorvel::frmReport& report = *quorvel::Form<quorvel::frmReport>();
   for (auto _ : state) {
     std::ifstream file(ReportFile(), std::ios::binary);
     report.Fill(file, static_cast<std::size_t>(ReportSize()));
@@ -153,7 +153,7 @@ void OpenViewer() {
 
 void CloseViewer() {
   quorvel::desktop().Handle(quorvel::EventKind::Program,
-                            [] { quorvel::Form<quorvel::frmReport>().Unload(); });
+                            [] { quorvel::Form<quorvel::frmReport>()->Unload(); });
   QApplication::processEvents();
 }
 

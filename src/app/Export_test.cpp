@@ -366,7 +366,7 @@ TEST_F(ExportTest, AFolderWhosePathCannotBeKeptIsNotTaken) {
       folder.Path() + "/" + std::string(130, 'd') + "/" + std::string(130, 'e');
   fs::create_directories(deep);
   Session().BrowseDirectory = deep;
-  const auto open = [this] { Run([] { Form<frmBrowseExp>().ShowModal(); }); };
+  const auto open = [this] { Run([] { Form<frmBrowseExp>()->ShowModal(); }); };
   While<frmBrowseExp>(open, [&](frmBrowseExp& dialog) {
     dialog.cmdOK.UserClick();
     EXPECT_EQ(BoxTexts(), Texts{"The path of this folder has " + std::to_string(deep.size()) +
@@ -380,7 +380,7 @@ TEST_F(ExportTest, AFolderWhosePathCannotBeKeptIsNotTaken) {
 TEST_F(ExportTest, ADriveThatIsNotReady) {
   const std::string root = backend.drives[0];
   backend.drives.push_back(folder.Path() + "/no-such-drive");
-  const auto open = [this] { Run([] { Form<frmBrowseExp>().ShowModal(); }); };
+  const auto open = [this] { Run([] { Form<frmBrowseExp>()->ShowModal(); }); };
   While<frmBrowseExp>(open, [&](frmBrowseExp& dialog) {
     EXPECT_EQ(dialog.Drive1.Text(), root);
     dialog.Drive1.UserPick(1);

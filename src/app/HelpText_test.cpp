@@ -48,8 +48,10 @@ TEST_F(HelpTextTest, TheMessageFillsTheWindow) {
   EXPECT_EQ(Session().HelpKey, "AR.CUST");
   EXPECT_EQ(Session().HelpOpen, 1);
   EXPECT_EQ(Session().PendingOp, "");
-  // Unchanged, the next one takes its place.
+  // The next one waits until this one has been answered.
   Show("Heading only", "K2");
+  EXPECT_EQ(Help().lblTitle.Caption(), "Customer");
+  EXPECT_EQ(Do([this] { user.Press(KeyCode::Escape); }), "\r");
   EXPECT_EQ(Help().Caption(), "Help Key - K2  Pgm/Menu - AR.MENU");
   EXPECT_EQ(Help().lblTitle.Caption(), "Heading only");
   EXPECT_EQ(Help().txtHelp.Text(), "");
@@ -61,8 +63,8 @@ TEST_F(HelpTextTest, TheMessageFillsTheWindow) {
 }
 
 TEST_F(HelpTextTest, StandsOverTheTerminalWindow) {
-  Form<mdiMain>().Left = 900;
-  Form<mdiMain>().Top = 600;
+  Form<mdiMain>()->Left = 900;
+  Form<mdiMain>()->Top = 600;
   backend.RunUntilIdle();
   Show();
   ExpectOverTelnetWindow(Help());
@@ -192,7 +194,7 @@ class HelpTextStory : public ::testing::Test, public JoinedTest {};
 
 TEST_F(HelpTextStory, TheSampleHostKeepsWhatIsSaved) {
   Start("[TELNET]\nHostName=host\n[LOGIN]\nUserId=demo\nPwd=demo\n");
-  const auto open = [this] { Do([this] { user.Click(Form<frmSubMenu>().cmdHelp); }); };
+  const auto open = [this] { Do([this] { user.Click(Form<frmSubMenu>()->cmdHelp); }); };
   open();
   ASSERT_TRUE(LoadedForm<frmHelpText>());
   const std::string before = LoadedForm<frmHelpText>()->txtHelp.Text();
@@ -211,7 +213,7 @@ TEST_F(HelpTextStory, TheSampleHostKeepsWhatIsSaved) {
   EXPECT_TRUE(backend.messageBoxes.empty());
   // The host has gone on.
   Do([this] {
-    user.Click(Form<frmSubMenu>().cboExecute);
+    user.Click(Form<frmSubMenu>()->cboExecute);
     user.Type("IC\r");
   });
   EXPECT_EQ(Session().MenuText.substr(0, 5), "Items");

@@ -36,7 +36,7 @@ class ImagesTest : public FarEndTest {
   }
   // Where a window of this size is centred over the main one.
   Box Centred(int width, int height) {
-    const mdiMain& main = Form<mdiMain>();
+    const mdiMain& main = *Form<mdiMain>();
     return {main.Top + (main.Height - height) / 2, main.Left + (main.Width - width) / 2, width,
             height};
   }

@@ -317,13 +317,18 @@ TEST_F(ListsTest, LeavingTheLocatorSearchesNothing) {
 }
 
 TEST_F(ListsTest, ImpatienceAndMarks) {
-  // While the host is asked, a second Enter asks nothing more, and the user may leave.
+  // While the host is asked, what is typed is kept: a second Enter searches once more, Escape leaves.
   const std::string reply = FrameOf({kIndexName});
+  const std::string none = FrameOf({"~ERRORMSG~", "none"});
   Script({[this] { user.Type("a\r"); }, [this] { user.Type("\r"); },
-          [this] { user.Press(KeyCode::Escape); }, [&] { Line().Deliver(reply); }});
+          [this] { user.Press(KeyCode::Escape); }, [&] { Line().Deliver(reply); },
+          [&] { Line().Deliver(none); }, [&] { Line().Deliver(reply); },
+          [&] { Line().Deliver(none); }});
   Run([] { RequestLocator("CUSTOMERS"); });
   ExpectDone();
-  EXPECT_EQ(Line().TakeSent(), RequestOf({"READ", "LOCATOR", "CUSTOMERS"}));
+  const std::string search = RequestOf({"READ", "LOCATOR", "CUSTOMERS"}) +
+                             RequestOf({"READ", "CUST.INDEX", "A"});
+  EXPECT_EQ(Line().TakeSent(), search + search);
   EXPECT_EQ(Session().LocatorWord, "");
   EXPECT_EQ(Session().PendingOp, "");
 

@@ -72,7 +72,7 @@ TEST_F(ReportTest, LineEnds) {
   };
   for (const auto& [blocks, lines] : cases) {
     EXPECT_EQ(LinesOf(Capture(blocks)), lines);
-    Do([] { Form<frmReport>().Unload(); });
+    Do([] { Form<frmReport>()->Unload(); });
   }
 }
 
@@ -126,14 +126,14 @@ TEST_F(ReportTest, AFileLostHalfWayAndAFolderThatIsGone) {
   Deliver("second\r\n");
   Deliver(FrameOf({"~CAPTURE-OFF~"}));
   EXPECT_EQ(LinesOf(*LoadedForm<frmReport>()), Texts{"second"});
-  Do([] { Form<frmReport>().Unload(); });
+  Do([] { Form<frmReport>()->Unload(); });
 
   Session().CaptureFile = folder.Path() + "/none/TEMPRPT.TXT";
   Capture({"a\r\n", "b\r\n", "c\r\n"});
   ASSERT_EQ(backend.messageBoxes.size(), 1u);  // one for the whole capture
   EXPECT_NE(BoxTexts()[0].find(Session().CaptureFile), std::string::npos);
   EXPECT_EQ(Session().PendingOp, "");
-  Do([] { Form<frmReport>().Unload(); });
+  Do([] { Form<frmReport>()->Unload(); });
   EXPECT_TRUE(TerminalEnabled());
 }
 
@@ -161,7 +161,7 @@ TEST_F(ReportTest, LastLinesInTheBlockOfTheClosingFrame) {
     Deliver("first\r\n");
     Deliver("last\r\n" + FrameOf({"~CAPTURE-OFF~"}));
     Texts lines = LinesOf(*LoadedForm<frmReport>());
-    Do([] { Form<frmReport>().Unload(); });
+    Do([] { Form<frmReport>()->Unload(); });
     return lines;
   };
   EXPECT_EQ(capture(), Texts{"first"});

@@ -25,7 +25,7 @@ class SampleScreens : public ::testing::Test, public JoinedTest {
 
   void Open(const std::string& option) {
     Do([&] {
-      user.Click(Form<frmSubMenu>().cboExecute);
+      user.Click(Form<frmSubMenu>()->cboExecute);
       user.Type(option + "\r");
     });
     ASSERT_TRUE(LoadedForm<frmEntry>()) << option;
@@ -250,7 +250,7 @@ TEST_F(SampleScreens, AListFillsTheField) {
 // The host asks the client whether it has the lines before it ends the report.
 TEST_F(SampleScreens, ACapturedReportIsWhole) {
   Do([&] {
-    user.Click(Form<frmSubMenu>().cboExecute);
+    user.Click(Form<frmSubMenu>()->cboExecute);
     user.Type("RP*STOCKCOUNT\r");
   });
   std::ifstream file(Session().CaptureFile, std::ios::binary);

@@ -54,6 +54,7 @@ class ClientTest {
   ClientTest() {
     Session() = SessionState{};
     backend.folder = folder.Path();
+    backend.answersAtOnce = true;
     desktop_ = std::make_unique<Desktop>(backend);
     WireHandOvers();
   }

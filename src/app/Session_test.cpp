@@ -18,7 +18,7 @@ class SessionStory : public ::testing::Test, public JoinedTest {
   // Types an option into the entry of the menu window and presses Enter.
   void Open(const std::string& option) {
     Do([&] {
-      user.Click(Form<frmSubMenu>().cboExecute);
+      user.Click(Form<frmSubMenu>()->cboExecute);
       user.Type(option + "\r");
     });
   }
@@ -32,7 +32,7 @@ TEST_F(SessionStory, FromLoginToLogOffAndASecondSession) {
   ASSERT_TRUE(InFront(LoadedForm<frmSubMenu>()));
   EXPECT_EQ(MenuTitle(), "Main Menu");
   EXPECT_EQ(Session().PendingOp, "");
-  frmSubMenu& menu = Form<frmSubMenu>();
+  frmSubMenu& menu = *Form<frmSubMenu>();
   EXPECT_TRUE(menu.tabMenu.TabVisible(4));
   EXPECT_FALSE(menu.tabMenu.TabVisible(5));
   EXPECT_NE(menu.lblWho.Caption().find("demo"), std::string::npos);
@@ -74,7 +74,7 @@ TEST_F(SessionStory, FromLoginToLogOffAndASecondSession) {
   EXPECT_EQ(LoadedForm<mdiMain>()->Caption(), "Quorvel GUI - Not Connected");
 
   backend.onFileDialog = [this](const FileDialog&) { return backend.commandLine; };
-  Do([&] { Form<mdiMain>().cmdStartTelnet.UserClick(); });
+  Do([&] { Form<mdiMain>()->cmdStartTelnet.UserClick(); });
   EXPECT_EQ(backend.lines.size(), 2u);
   EXPECT_TRUE(InFront(LoadedForm<frmSubMenu>()));
   EXPECT_EQ(MenuTitle(), "Main Menu");

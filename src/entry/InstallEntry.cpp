@@ -2,6 +2,7 @@
 
 #include "entry/frmEntry.h"
 #include "entry/frmList.h"
+#include "entry/frmLocate.h"
 #include "link/HandOvers.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
@@ -25,25 +26,38 @@ void UnloadEntryScreen() {
 void ShowEntryScreen() {
   // One whose building failed does not count as loaded, yet its window is in the way.
   if (Session().ScreenLoaded == kFalse) UnloadEntryScreen();
-  frmEntry& screen = desktop().FormObject<frmEntry>();
-  const auto keep = screen.shared_from_this();
+  const auto screen = desktop().FormObject<frmEntry>();
   // One with a record open has refused to make way: it goes on.
-  if (screen.IsLoaded()) {
-    screen.Resume();
-    desktop().backend().SetMousePointer(MousePointer::Default);
+  if (screen->IsLoaded()) {
+    screen->Resume();
+    desktop().SetMousePointer(MousePointer::Default);
   }
-  screen.Show();
+  screen->Show();
+}
+
+bool KeepsOpenRecord() {
+  const auto screen = LoadedForm<frmEntry>();
+  if (!screen || !screen->HasOpenRecord()) return false;
+  screen->SetFocus();
+  desktop().MsgBox("The record on the open screen is to be saved or cancelled first.",
+                   MessageBoxStyle::kExclamation);
+  return true;
 }
 
 void ShowList() {
-  frmList& list = desktop().FormObject<frmList>();
-  const auto keep = list.shared_from_this();
+  const auto list = desktop().FormObject<frmList>();
   try {
-    list.ShowModal();
+    list->ShowModal();
   } catch (const RuntimeError&) {
-    list.Unload();  // not loaded whole: the host is answered all the same
+    list->Unload();  // not loaded whole: the host is answered all the same
     throw;
   }
+}
+
+void DropEntryWindows() {
+  if (frmList* list = LoadedForm<frmList>()) list->Unload();
+  if (frmLocate* locator = LoadedForm<frmLocate>()) locator->Unload();
+  UnloadEntryScreen();
 }
 
 }  // namespace
@@ -53,6 +67,9 @@ void InstallEntry() {
   ask.ShowList = ShowList;
   ask.ShowEntryScreen = ShowEntryScreen;
   ask.UnloadEntryScreen = UnloadEntryScreen;
+  ask.FreeEntryScreen = [] { WithScreen([](frmEntry& screen) { screen.Free(); }); };
+  ask.DropEntryWindows = DropEntryWindows;
+  ask.KeepsOpenRecord = KeepsOpenRecord;
   ask.EntryWindow = []() -> Window* { return LoadedForm<frmEntry>(); };
   ask.ApplyScreenMode = [](const std::string& mode) {
     WithScreen([&](frmEntry& screen) { screen.ApplyScreenMode(mode); });

@@ -9,7 +9,7 @@ namespace quorvel {
 namespace {
 
 void SendAndShowHourglass(const std::string& request) {
-  desktop().backend().SetMousePointer(MousePointer::Hourglass);
+  desktop().SetMousePointer(MousePointer::Hourglass);
   SendToHost(request);
 }
 
@@ -23,7 +23,7 @@ void RequestLocator(const std::string& locatorKey) {
   SessionState& s = Session();
   s.LocatorFile = locatorKey;
   if (locatorKey.empty()) return;
-  Form<frmLocate>().ShowModal();
+  Form<frmLocate>()->ShowModal();
   if (s.LocatorWord.empty()) return;
   SendAndShowHourglass(BuildRequest("SYLOCATR", {s.LocatorFile, s.LocatorWord, s.LocatorLimiter}));
 }

@@ -1,5 +1,6 @@
 #include "entry/OpenScreen.h"
 
+#include "link/HostWait.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
@@ -14,9 +15,14 @@ const std::string kRecordTag = "SYCRLOC";
 
 void OpenScreen::Opened() {
   const SessionState& s = Session();
+  session_ = desktop().Generation();
   screenId_ = s.ScreenId;
   dataFile_ = s.DataFile;
   caseProgram_ = s.CaseProgram;
+}
+
+bool OpenScreen::IsOfThisSession() const {
+  return session_ == desktop().Generation() && IsLinkUp();
 }
 
 void OpenScreen::Resume() const {
@@ -35,17 +41,12 @@ void OpenScreen::Run(const std::function<void()>& body) {
     if (!s.PendingOp.empty() && s.PendingOp != "ReturnAns") return;
     Resume();
   }
-  try {
-    body();
-  } catch (const ScreenClosed&) {
-    return;
-  } catch (const RequestGivenUp&) {
-    return;
-  }
+  const PartOf mine(window_);
+  body();
 }
 
 void OpenScreen::Check() const {
-  if (!window_.IsLoaded()) throw ScreenClosed{};
+  if (!window_.IsLoaded() || desktop().IsRunningStale()) throw QuietEnd{};
 }
 
 void OpenScreen::Read(const std::string& file, const std::string& key) const {
@@ -78,9 +79,8 @@ void OpenScreen::Unlock(const std::string& key) const {
 }
 
 void OpenScreen::CaseCall(const std::string& field) const {
-  const bool answered = quorvel::CaseCall(field);
+  quorvel::CaseCall(field);
   Check();
-  if (!answered) throw RequestGivenUp{};
 }
 
 MessageBoxAnswer OpenScreen::MsgBox(const std::string& text, int style,

@@ -8,22 +8,18 @@
 
 namespace quorvel {
 
-// Thrown where the screen has gone in the meantime. It ends the screen's event, quietly, at the
-// edge of OpenScreen::Run.
-struct ScreenClosed {};
-// Thrown where the screen is there but the session has gone in which it asked the host. It ends the
-// screen's event like ScreenClosed; the user takes it up again in the next session.
-struct RequestGivenUp {};
-
 // All that an entry screen does in the course of which other events run: requests to the host,
-// message boxes, moving the keyboard. The screen may be unloaded meanwhile, and another one opened;
-// each of these ends in ScreenClosed then, so that nothing goes on with what is gone.
+// message boxes, moving the keyboard. The screen may be unloaded meanwhile, and another one opened,
+// or another session begun; each of these ends in QuietEnd then, so that nothing goes on with what
+// is gone.
 class OpenScreen {
  public:
   explicit OpenScreen(Window& window) : window_(window) {}
 
   // Takes down what the session says of the screen that is being loaded.
   void Opened();
+  // Whether the link on which it was opened is up.
+  bool IsOfThisSession() const;
   // Makes the session's fields this screen's again: another screen may have been asked for in vain.
   void Resume() const;
 
@@ -49,6 +45,7 @@ class OpenScreen {
   void Check() const;
 
   Window& window_;
+  unsigned session_ = 0;
   std::string screenId_;
   std::string dataFile_;
   std::string caseProgram_;

@@ -169,6 +169,9 @@ void Validation::ValidateEnabled() const {
     ValidateAndStore(field.number);
     if (s.FieldRejected == kTrue) return;
   }
+  // Also where the host has sent the keyboard back to a field: what follows enters the first field
+  // without validating this one.
+  s.CurrentField = 0;
 }
 
 }  // namespace quorvel

@@ -5,7 +5,6 @@
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "menus/frmSubMenu.h"
-#include "platform/Scoped.h"
 #include "platform/controls/Desktop.h"
 
 namespace quorvel {
@@ -23,7 +22,7 @@ frmEntry::frmEntry()
       cycle_({screen_, *this, definition_, fields_, hooks_, display_, validation_},
              [this] { Unload(); }),
       keys_({screen_, *this, definition_, fields_, hooks_, display_, validation_},
-            [this] { OnUserRequest([this] { cycle_.AcceptKey(); }); }) {
+            [this] { cycle_.AcceptKey(); }) {
   Width.Adopt(kDesignWidth);
   Height.Adopt(kDesignHeight);
   BindButtons();
@@ -45,7 +44,7 @@ void frmEntry::BindButtons() {
   };
   for (const auto& row : rows) {
     const auto click = [this, action = row.action] {
-      OnUserRequest([this, action] { (cycle_.*action)(); });
+      screen_.Run([this, action] { (cycle_.*action)(); });
     };
     row.button.Click = click;
     if (row.item) row.item->Click = click;
@@ -77,18 +76,10 @@ void frmEntry::BindFields() {
   for (auto& [number, box] : cboEntry) bind(*box, number, &FieldKeys::EnterCombo);
 }
 
-// While one request of the user waits for the host, further ones do nothing.
-void frmEntry::OnUserRequest(const std::function<void()>& body) {
-  if (userWaits_) return;
-  const auto keep = shared_from_this();
-  const ScopedFlag waiting(userWaits_);
-  screen_.Run(body);
-}
-
 // --- the window
 
 void frmEntry::Form_Load() {
-  desktop().backend().SetMousePointer(MousePointer::Hourglass);
+  desktop().SetMousePointer(MousePointer::Hourglass);
   TakePlaceOfMenu();
   ForgetLastScreen();
   screen_.Opened();
@@ -100,7 +91,7 @@ void frmEntry::Form_Load() {
   Session().ScreenLoaded = kTrue;
   for (MenuItem* item : {&mnuFileCancel, &mnuFileSave, &mnuFileDelete}) item->Enabled = false;
   for (Button* button : {&cmdCancel, &cmdSave, &cmdDelete}) button->Enabled = false;
-  desktop().backend().SetMousePointer(MousePointer::Default);
+  desktop().SetMousePointer(MousePointer::Default);
 }
 
 void frmEntry::TakePlaceOfMenu() {
@@ -156,14 +147,24 @@ void frmEntry::Form_Activate() {
   Session().ActiveContext = "ENTRY";
 }
 
+bool frmEntry::HasOpenRecord() const {
+  return !mnuFileExit.Enabled() && screen_.IsOfThisSession();
+}
+
 void frmEntry::Form_QueryUnload(bool& cancel) {
-  cancel = !mnuFileExit.Enabled();  // a record is open
+  cancel = HasOpenRecord();
 }
 
 void frmEntry::Form_Unload(bool&) {
   Session().ScreenLoaded = kFalse;
-  Session().PendingOp.clear();
-  AbandonCaseCalls();
+  // What another window waits for is not the screen's to end.
+  if (!desktop().OthersHoldInput(*this)) Session().PendingOp.clear();
+}
+
+// Without a link the record can't be saved any more; that must not keep the user from leaving.
+void frmEntry::Free() {
+  mnuFileExit.Enabled = true;
+  cmdExit.Enabled = true;
 }
 
 void frmEntry::CreateNewObject() {

@@ -35,6 +35,10 @@ class frmEntry : public Window, public EntryControls {
   void ShowText(int number, const std::string& text);
   void SelectItem(int number, const std::string& text);
   void TakeListAnswer(int number);
+  // Whether closing it would lose a record.
+  bool HasOpenRecord() const;
+  // Lets the user leave, whatever record is open.
+  void Free();
   // The screen that was to replace this one has not come.
   void Resume() { screen_.Resume(); }
 
@@ -51,7 +55,6 @@ class frmEntry : public Window, public EntryControls {
   void TakePlaceOfMenu();
   void FitToWindow();
   void ForgetLastScreen();
-  void OnUserRequest(const std::function<void()>& body);
   void cmdHelp_Click();
 
   OpenScreen screen_{*this};
@@ -62,7 +65,6 @@ class frmEntry : public Window, public EntryControls {
   Validation validation_{screen_, definition_, fields_, hooks_, display_};
   RecordCycle cycle_;
   FieldKeys keys_;
-  bool userWaits_ = false;  // a request of the user is being carried out
 };
 
 }  // namespace quorvel

@@ -7,7 +7,6 @@
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
-#include "link/Requests.h"
 #include "link/SessionState.h"
 #include "platform/PlainText.h"
 #include "platform/controls/Desktop.h"
@@ -57,12 +56,13 @@ void frmList::Form_Load() {
   const std::string message = Session().HostMessage;
   desktop().Yield();
   answered_ = false;
+  question_.Ask();
   Width = kWidth;
   Height = kHeight;
   Caption = FieldOf(message, FS, 2);
   TakeLines(message);
   Place(std::string(Trimmed(FieldOf(message, FS, 3))));
-  desktop().backend().SetMousePointer(MousePointer::Default);
+  desktop().SetMousePointer(MousePointer::Default);
 }
 
 void frmList::TakeLines(const std::string& message) {
@@ -112,7 +112,7 @@ void frmList::cmdOK_Click() {
   SessionState& s = Session();
   std::string answer = lstItems.Text();
   if (s.ListFirstWord != kFalse) answer = FieldOf(Trimmed(answer), " ", 1);
-  SendToHost(answer + CR);
+  question_.Answer(answer);
   if (s.ScreenLoaded != kFalse) s.ListAnswer = answer;
   answered_ = true;
   Unload();
@@ -120,7 +120,7 @@ void frmList::cmdOK_Click() {
 
 void frmList::Form_Unload(bool&) {
   if (answered_) return;
-  SendToHost(std::string(1, CR));  // the host waits for an answer, if only an empty one
+  question_.Answer("");  // the host waits for an answer, if only an empty one
   Session().ListAnswer.clear();
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "link/HostWait.h"
 #include "platform/controls/Lists.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/Window.h"
@@ -27,6 +28,7 @@ class frmList : public Window {
   void Place(const std::string& geometry);
   void cmdOK_Click();
 
+  HostQuestion question_;
   bool answered_ = false;
 };
 

@@ -5,6 +5,7 @@
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/Requests.h"
+#include "link/SessionChange.h"
 #include "link/SessionState.h"
 #include "link/StartProgram.h"
 #include "link/frmPassword.h"
@@ -105,7 +106,7 @@ void TakeMsgBox() {
 }
 
 void TakeGetPassword() {
-  Form<frmPassword>().ShowModal();
+  Form<frmPassword>()->ShowModal();
   FocusTerminalUnlessScreen();
 }
 
@@ -121,17 +122,24 @@ void TakeStopPrint() {
 }
 
 void Reply(const std::string& token);
+bool IsWaitedFor(std::string_view pendingOp);
+
+// PendingOp is as it was when this ends: what waits for a record goes on waiting for it.
+void AskByHelpText() {
+  SessionState& s = Session();
+  const std::string pending = std::exchange(s.PendingOp, "ReadHelp");
+  Reply(MessageField(1));
+  if (IsWaitedFor(pending)) s.PendingOp = pending;
+}
 
 void TakeFieldHelp() {
-  Session().PendingOp = "ReadHelp";
-  Reply(MessageField(1));
+  Session().HelpTexts.Put(AskByHelpText);
 }
 
 void TakeErrorMsg() {
   const std::string& pending = Session().PendingOp;
   if (pending == "RunOption" || pending == "ReadRecord") return Reply(MessageField(1));
-  // A window that was waited for will not come.
-  desktop().backend().SetMousePointer(MousePointer::Default);
+  DropHourglass();
   desktop().MsgBox(MessageField(2));
 }
 
@@ -159,9 +167,11 @@ void ReplyToRunOption(const std::string&) {
   SessionState& s = Session();
   s.PendingOp.clear();
   const std::string answer = MessageField(1);
+  s.Run.SendOption();
   SendToHost(s.OptionId + CR);
   desktop().Yield();
   if (answer == "~ERRORMSG~" && s.OptionId.substr(0, 6) != "SY.DOS") {
+    s.Run.End();  // what it opens is the terminal
     Ask().HideMenu();
     Ask().FocusTelnetWindow();
   }
@@ -202,11 +212,12 @@ void ReplyToLock(const std::string&) {}  // the caller reads HostMessage
 struct ReplyRow {
   std::string_view pendingOp;
   void (*action)(const std::string& token);
+  bool waits = true;  // somebody waits until PendingOp changes
 };
 
 // Who awaits a reply, by PendingOp.
 constexpr ReplyRow kReplies[] = {
-    {"RunOption", ReplyToRunOption},     {"ReadHelp", ReplyToReadHelp},
+    {"RunOption", ReplyToRunOption, false}, {"ReadHelp", ReplyToReadHelp, false},
     {"WriteHelpText", ReplyToWriteHelp}, {"ReadRecord", ReplyToRead},
     {"OpenAllFiles", ReplyToOpenFiles},  {"WriteRecord", ReplyToWrite},
     {"DeleteRecord", ReplyToDelete},     {"LockRecord", ReplyToLock},
@@ -219,23 +230,41 @@ void ShowStrayFrame() {
                    kCriticalAndInformation, "REGULAR DATA");
 }
 
-// The last step, in all cases, clears PendingOp: that ends the wait of a request.
+const ReplyRow* FindReply(std::string_view pendingOp) {
+  const auto* row = std::find_if(std::begin(kReplies), std::end(kReplies),
+                                 [&](const ReplyRow& r) { return r.pendingOp == pendingOp; });
+  return row == std::end(kReplies) ? nullptr : row;
+}
+
+bool IsWaitedFor(std::string_view pendingOp) {
+  const ReplyRow* row = FindReply(pendingOp);
+  return row && row->waits;
+}
+
+// The last step, in all cases and however the reply is taken, clears PendingOp: that ends the wait
+// of a request. What has been set meanwhile, in a box, is another's.
 void Reply(const std::string& token) {
-  const std::string pending = Session().PendingOp;
-  const auto row = std::find_if(std::begin(kReplies), std::end(kReplies),
-                                [&](const ReplyRow& r) { return r.pendingOp == pending; });
-  if (row != std::end(kReplies)) {
+  const struct Ending {
+    std::string pending = Session().PendingOp;
+    ~Ending() {
+      if (Session().PendingOp == pending) Session().PendingOp.clear();
+    }
+  } ending;
+  if (const ReplyRow* row = FindReply(ending.pending)) {
     row->action(token);
   } else {
     ShowStrayFrame();
   }
-  Session().PendingOp.clear();
 }
 
 }  // namespace
 
 void DispatchHostMessage() {
+  SessionState& s = Session();
+  s.HasSentFrames = true;
+  const std::string message = s.HostMessage;
   desktop().Yield();
+  s.HostMessage = message;  // another frame may have come in a box that opened there
   const std::string token = MessageField(1);
   for (const MessageRow& row : kMessages) {
     if (row.token == token) return row.action();

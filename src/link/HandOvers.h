@@ -60,6 +60,12 @@ struct HandOvers {
   // --- data-entry screens (entry)
   std::function<void()> ShowEntryScreen = [] {};
   std::function<void()> UnloadEntryScreen = [] {};
+  // The screen may be left, whatever record is open: the link has ended.
+  std::function<void()> FreeEntryScreen = [] {};
+  // The screen, its list and its locator go, whatever they hold.
+  std::function<void()> DropEntryWindows = [] {};
+  // Whether a record is open; then the screen is in front, and has said that it comes first.
+  std::function<bool()> KeepsOpenRecord = [] { return false; };
   std::function<Window*()> EntryWindow = [] { return nullptr; };  // frmEntry, if it is loaded
   std::function<void(const std::string&)> ApplyScreenMode = [](const std::string&) {};
   std::function<void(int, const std::string&)> SelectComboItem = [](int, const std::string&) {};

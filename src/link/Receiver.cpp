@@ -1,5 +1,6 @@
 #include "link/Receiver.h"
 
+#include <exception>
 #include <utility>
 
 #include "link/CaptureMessages.h"
@@ -95,6 +96,17 @@ void PrintThrough(const std::string& data) {
   }
 }
 
+// Does something that other steps must not fail with; what it failed with.
+template <class Step>
+std::exception_ptr FailureOf(const Step& step) {
+  try {
+    step();
+    return nullptr;
+  } catch (const RuntimeError&) {
+    return std::current_exception();
+  }
+}
+
 void TakePlainBlock(std::string& data) {
   for (const PendingStep& row : kPendingSteps) {
     if (row.pendingOp == Session().PendingOp && row.step(data)) return;
@@ -107,15 +119,7 @@ void TakePlainBlock(std::string& data) {
   }
 }
 
-}  // namespace
-
-char FrameMark() {
-  const std::int16_t code = Session().Magic;
-  if (code < 0 || code > 255) throw RuntimeError(Failure::InvalidCall);
-  return static_cast<char>(code);
-}
-
-void ReceiveHostData(std::string& data) {
+void TakeBlock(std::string& data) {
   SessionState& s = Session();
   const char mark = FrameMark();
   bool opened = false;
@@ -129,17 +133,37 @@ void ReceiveHostData(std::string& data) {
   const std::size_t opening = opened ? static_cast<std::size_t>(s.FrameStart) : 0;
   const std::size_t start = opening + 1;
   s.FrameEnd = PositionOf(mark, data, start);
+  const auto writeHead = [&] {
+    if (opened) Ask().WriteTerminal(std::string_view(data).substr(0, opening - 1));
+  };
   if (s.FrameEnd == 0) {
     s.FrameBuffer.append(data, start - 1);
-    if (opened) Ask().WriteTerminal(std::string_view(data).substr(0, opening - 1));
-    return;
+    return writeHead();
   }
-  if (opened) Ask().WriteTerminal(std::string_view(data).substr(0, opening - 1));
   s.FrameBuffer.append(data, start - 1, static_cast<std::size_t>(s.FrameEnd) - start);
-  s.HostMessage = s.FrameBuffer;
   s.FrameStart = 0;
   s.FrameEnd = 0;
+  // A terminal whose printer fails costs the text, not the frame behind it.
+  const std::string frame = s.FrameBuffer;
+  const std::exception_ptr failure = FailureOf(writeHead);
+  s.HostMessage = frame;
   DispatchHostMessage();
+  if (failure) std::rethrow_exception(failure);
+}
+
+}  // namespace
+
+char FrameMark() {
+  const std::int16_t code = Session().Magic;
+  if (code < 0 || code > 255) throw RuntimeError(Failure::InvalidCall);
+  return static_cast<char>(code);
+}
+
+void ReceiveHostData(std::string& data) {
+  const struct Spoken {
+    ~Spoken() { Session().Run.HostHasSpoken(); }
+  } spoken;
+  TakeBlock(data);
 }
 
 }  // namespace quorvel

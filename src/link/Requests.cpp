@@ -1,6 +1,7 @@
 #include "link/Requests.h"
 
 #include "link/HandOvers.h"
+#include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Receiver.h"
 #include "link/Records.h"
@@ -19,10 +20,8 @@ constexpr std::size_t kLongestInput = 4000;
 constexpr std::int16_t kOptionDataFile = 22;
 constexpr std::int16_t kOptionCaseProgram = 23;
 
-// Counts what has ended a wait for a hook. Hooks may be called inside each other's waits; the reply
-// to the inner one ends all of them.
-unsigned caseCallsEnded = 0;
-unsigned timesAbandoned = 0;
+// PendingOp when the reply to a hook has come.
+const std::string kReturnCase = "ReturnCase";
 
 bool RefuseLongInput(const std::string& input) {
   if (input.size() <= kLongestInput) return false;
@@ -34,12 +33,13 @@ bool RefuseLongInput(const std::string& input) {
 void SendAndWait(const std::string& pendingOp, const std::string& request) {
   Session().PendingOp = pendingOp;
   SendToHost(request);
-  desktop().WaitWhile([&] { return Session().PendingOp == pendingOp; });
+  WaitForHost([&] { return Session().PendingOp == pendingOp; });
 }
 
 }  // namespace
 
 void SendToHost(const std::string& text) {
+  if (desktop().IsRunningStale()) return;
   if (TelnetControl* telnet = Ask().LoadedTelnet()) telnet->Send(text);
 }
 
@@ -92,36 +92,36 @@ void WriteHelpText(const std::string& text, std::int16_t width, const std::strin
               BuildRequest("WRITEHELP", {Session().HelpKey, text, columns, separator}));
 }
 
-bool CaseCall(const std::string& argument) {
+void CaseCall(const std::string& argument) {
   SessionState& s = Session();
   const std::string request =
       BuildRequest("CASELOGIC", {s.ScreenId, argument, s.CaseProgram, s.CaseHook, s.EntryRecord,
                                  s.OriginalRecord, s.CaseData});
   // The limit is on the frame alone, its CR not counted.
-  if (RefuseLongInput(request.substr(0, request.size() - 1))) return true;
+  if (RefuseLongInput(request.substr(0, request.size() - 1))) return;
+  // A reply that nobody waited for is none to this call.
+  if (s.PendingOp == kReturnCase) s.PendingOp.clear();
   SendToHost(request);
-  const unsigned before = caseCallsEnded;
-  const unsigned abandoned = timesAbandoned;
-  desktop().WaitWhile(
-      [before] { return Session().PendingOp != "ReturnCase" && caseCallsEnded == before; });
-  if (s.PendingOp == "ReturnCase") {
-    s.PendingOp.clear();
-    ++caseCallsEnded;
-  }
-  return timesAbandoned == abandoned;
-}
-
-void AbandonCaseCalls() {
-  ++caseCallsEnded;
-  ++timesAbandoned;
+  WaitForHost([&s] { return s.PendingOp != kReturnCase; });
+  s.PendingOp.clear();
 }
 
 void RunOption() {
   SessionState& s = Session();
+  struct Running {
+    Running() { Session().Run.Begin(); }
+    ~Running() {
+      if (!requested) Session().Run.End();
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    bool requested = false;
+  } running;
   ReadRecord("DICTIONARY", s.OptionId);
   if (s.ReadFailed == kFalse) {
     const std::string dataFile = ExtractOf(s.ReplyRecord, kOptionDataFile, 0, 0);
     if (!dataFile.empty()) {
+      if (Ask().KeepsOpenRecord()) return;
       s.DataFile = dataFile;
       s.CaseProgram = ExtractOf(s.ReplyRecord, kOptionCaseProgram, 0, 0);
       s.ScreenId = s.OptionId;
@@ -132,6 +132,8 @@ void RunOption() {
   // The dispatcher sends the option's id when the host has answered.
   s.PendingOp = "RunOption";
   SendToHost(BuildRunRequest("MENUS", s.OptionId, "E"));
+  running.requested = true;
+  s.Run.Request();
 }
 
 void OpenAllFiles() {

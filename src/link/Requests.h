@@ -9,9 +9,11 @@ namespace quorvel {
 
 // What the client asks of the host. Every request is one line of terminal input: the frame mark,
 // the verb, each field behind a field separator, the frame mark, CR. At most one is outstanding;
-// PendingOp names it. Those that wait serve events until the reply has come, without a time limit.
+// PendingOp names it. Those that wait serve events until the reply has come, without a time limit
+// (see HostWait.h).
 
-// Puts the text on the connection as it stands; nothing without one.
+// Puts the text on the connection as it stands; nothing without one, and nothing for an event that
+// began in a session that is over.
 void SendToHost(const std::string& text);
 
 // A framed request line, CR included. Fields are not escaped; callers pass none with a mark.
@@ -41,12 +43,10 @@ void WriteHelpText(const std::string& text, std::int16_t width, const std::strin
 
 // Calls the screen's host program at a hook; CaseHook, EntryRecord, OriginalRecord and CaseData go
 // out and come back. A frame of more than 4,000 characters is refused with a message.
-// False when the wait for the host was given up.
-bool CaseCall(const std::string& argument);
-// Gives up every wait for a hook: the screen that asked is gone, or the session that it asked in.
-void AbandonCaseCalls();
+void CaseCall(const std::string& argument);
 
-// Runs the option OptionId: opens its entry screen, or has the host run it.
+// Runs the option OptionId: opens its entry screen, or has the host run it. Where a screen holds an
+// open record, another one is not opened.
 void RunOption();
 
 // Reads the definition of the screen ScreenId and shows it.

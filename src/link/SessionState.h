@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <string>
 
+#include "link/OptionRun.h"
+#include "link/Questions.h"
+
 namespace quorvel {
 
 // A flag of the session: -1 for true, 0 for false, 16 bits, as records and tests see it.
@@ -21,6 +24,7 @@ struct SessionState {
   std::string FrameBuffer;      // text of the frame being assembled
   std::int16_t FrameStart = 0;  // one-based place of the opening mark; 0: no frame is open
   std::int16_t FrameEnd = 0;    // one-based place of the closing mark in the block
+  bool HasSentFrames = false;   // the host, on this link: its login is over
   std::string HostMessage;      // the last complete frame, marks removed
   std::string PendingOp;        // what the link is waiting for; empty when idle
   std::string LoginUser;        // what the login scanner sends
@@ -67,7 +71,12 @@ struct SessionState {
   Flag FieldRejected = kFalse;     // what the last validation said
   std::string NewRecord;           // "Y" while a record is being added
 
+  OptionRun Run;  // of a menu option
+
   // --- host messages
+  Questions Lists;
+  Questions Passwords;
+  Questions HelpTexts;
   std::string MenuId;
   std::string MenuText;
   std::string MenuCommands;

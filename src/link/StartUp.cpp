@@ -15,13 +15,15 @@ namespace {
 // The word in HostName that stands for the address of the key orlan.
 constexpr const char* kAutoHost = "ORLAN";
 
-void AskForHostAndUser() {
-  frmConnect& dialog = Form<frmConnect>();
-  Ask().CenterOnScreen(dialog);
+// False when the user has picked another configuration, with a host and maybe a user of its own.
+bool AskForHostAndUser() {
+  const auto dialog = Form<frmConnect>();
+  Ask().CenterOnScreen(*dialog);
   Session().ConnectRequested = kFalse;
-  const auto keep = dialog.shared_from_this();
-  dialog.ShowModal();
-  if (dialog.IsLoaded()) dialog.Unload();  // the next use gets a new one
+  dialog->ShowModal();
+  const bool browsed = dialog->HasBrowsed();
+  if (dialog->IsLoaded()) dialog->Unload();  // the next use gets a new one
+  return !browsed;
 }
 
 }  // namespace
@@ -51,12 +53,19 @@ void Main() {
 
 void ConnectToHost() {
   SessionState& s = Session();
+  const TelnetControl* present = Ask().LoadedTelnet();
+  if (present && !present->IsIdle()) {
+    s.ConnectRequested = kFalse;  // and nothing is taken over
+    return;
+  }
   if (!s.UserId.empty()) {
     s.ConnectRequested = kTrue;
     s.LoginUser = s.UserId;
     s.LoginPassword = s.Pwd;
   } else {
-    AskForHostAndUser();
+    const auto asking = LoadedForm<frmConnect>();
+    if (asking) return asking->SetFocus();
+    if (!AskForHostAndUser()) return StartSession();
   }
   if (s.ConnectRequested == kFalse) return;
   const bool automatic = UpperCase(s.HostName) == kAutoHost && !s.AutoHostAddress.empty();

@@ -27,6 +27,8 @@ class TelnetControl {
   // connection is there or under way.
   void Connect(const std::string& host);
   int State() const { return static_cast<int>(telnet_.State()); }
+  // Neither connected nor about to be.
+  bool IsIdle() const { return telnet_.State() == Telnet::Connection::Closed; }
   void Send(const std::string& text) { telnet_.Send(text); }
   // The state is not kConnected any more when this returns; one empty block follows.
   void Close();

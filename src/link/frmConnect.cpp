@@ -3,7 +3,6 @@
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/SessionState.h"
-#include "link/StartUp.h"
 #include "link/TelnetControl.h"
 #include "platform/Numbers.h"
 #include "platform/PlainText.h"
@@ -105,8 +104,8 @@ void frmConnect::cmdCancel_Click() {
 void frmConnect::cmdBrowse_Click() {
   Ask().LoadConfiguration();
   if (Session().ConfigPath.empty()) return;
+  browsed_ = true;
   Hide();
-  StartSession();
 }
 
 }  // namespace quorvel

@@ -11,6 +11,9 @@ class frmConnect : public Window {
  public:
   frmConnect();
 
+  // The user has picked another configuration: it is to be connected to instead.
+  bool HasBrowsed() const { return browsed_; }
+
   Label Label1{*this, "Label1"};
   TextBox HostName{*this, "HostName"};
   Label Label2{*this, "Label2"};
@@ -34,6 +37,8 @@ class frmConnect : public Window {
   void cmdCancel_Click();
   void cmdBrowse_Click();
   void CenterOverMain();
+
+  bool browsed_ = false;
 };
 
 }  // namespace quorvel

@@ -3,7 +3,6 @@
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
-#include "link/Requests.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
 
@@ -25,24 +24,23 @@ frmPassword::frmPassword() : Window(Kind::Dialog, "frmPassword") {
 }
 
 void frmPassword::Form_Load() {
-  result_.clear();
+  question_.Ask();
   if (Window* main = Ask().MainWindow()) Ask().CenterOnParent(*main, *this);
   lblPgm.Caption = FieldOf(Session().HostMessage, FS, 2);
 }
 
 void frmPassword::cmdOK_Click() {
-  result_ = "OK";
-  SendToHost(txtPwd.Text() + CR);
+  question_.Answer(txtPwd.Text());
   Unload();
 }
 
 void frmPassword::cmdExit_Click() {
-  result_.clear();
   Unload();
 }
 
+// Without an answer an empty line: the host waits for one.
 void frmPassword::Form_Unload(bool&) {
-  if (result_ != "OK") SendToHost(std::string(1, CR));
+  question_.Answer("");
 }
 
 }  // namespace quorvel

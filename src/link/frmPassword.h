@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string>
-
+#include "link/HostWait.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Window.h"
@@ -29,7 +28,7 @@ class frmPassword : public Window {
   void cmdOK_Click();
   void cmdExit_Click();
 
-  std::string result_;  // "OK" once the password has been sent
+  HostQuestion question_;
 };
 
 }  // namespace quorvel

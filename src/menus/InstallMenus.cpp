@@ -13,9 +13,9 @@ namespace quorvel {
 void InstallMenus() {
   HandOvers& ask = Ask();
   ask.ShowMainWindow = [] {
-    mdiMain& main = desktop().FormObject<mdiMain>();
-    desktop().SetMain(&main);
-    main.Show();
+    const auto main = desktop().FormObject<mdiMain>();
+    desktop().SetMain(main.get());
+    main->Show();
   };
   ask.MainWindow = []() -> Window* { return LoadedForm<mdiMain>(); };
   ask.ButtonPanel = []() -> Panel* {
@@ -32,7 +32,7 @@ void InstallMenus() {
     mdiMain* main = LoadedForm<mdiMain>();
     return main ? main->cmdButton(index).Caption() : std::string();
   };
-  ask.ShowAbout = [] { Form<frmAbout>().ShowModal(); };
+  ask.ShowAbout = [] { Form<frmAbout>()->ShowModal(); };
   ask.StartMenu = StartMenu;
   ask.HideMenu = [] {
     if (frmSubMenu* menu = LoadedForm<frmSubMenu>()) menu->Hide();
@@ -46,13 +46,13 @@ void InstallMenus() {
   };
   ask.ShowBookmarks = ShowBookmarks;
   ask.ShowHelpText = [] {
-    if (frmHelpText* help = LoadedForm<frmHelpText>()) help->TakeMessage();
-    frmHelpText& help = Form<frmHelpText>();
-    help.Show();
-    help.SetFocus();
+    const auto help = Form<frmHelpText>();
+    help->Show();
+    help->SetFocus();
   };
   ask.UnloadHelpText = [] {
-    if (frmHelpText* help = LoadedForm<frmHelpText>()) help->Unload();
+    frmHelpText* help = LoadedForm<frmHelpText>();
+    if (help && !help->IsAsking()) help->Unload();
   };
 }
 

@@ -78,7 +78,7 @@ void frmBookMark::Form_Load() {
 
 void frmBookMark::AddBookMark() {
   SessionState& s = Session();
-  Form<frmAddBook>().ShowModal();
+  Form<frmAddBook>()->ShowModal();
   if (s.BookmarkText.empty() || !IsLoaded()) return;
   ListRows& list = lstCommands.List;
   if (s.BookmarkIndex >= 0 && s.BookmarkIndex < list.Count()) list.Remove(s.BookmarkIndex);
@@ -172,8 +172,8 @@ void frmBookMark::cmdExit_Click() {
 void ShowBookmarks() {
   SessionState& s = Session();
   s.BookmarkText.clear();
-  Form<frmBookMark>().ShowModal();
-  if (s.BookmarkText.empty()) return;
+  Form<frmBookMark>()->ShowModal();
+  if (s.BookmarkText.empty() || s.Run.DropsAnother()) return;
   s.PendingOp = "RunOption";
   s.OptionId = s.BookmarkText;
   if (s.BookmarkContext == "TELNET") {

@@ -5,7 +5,6 @@
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
-#include "link/TelnetControl.h"
 #include "platform/Scoped.h"
 #include "platform/controls/Desktop.h"
 #include "settings/WindowPlacing.h"
@@ -24,9 +23,9 @@ constexpr std::int16_t kLineWidth = 70;
 constexpr int kWidth = 10500;
 constexpr int kHeight = 7800;
 
-bool IsLinkUp() {
-  const TelnetControl* telnet = Ask().LoadedTelnet();
-  return telnet && telnet->State() == TelnetControl::kConnected;
+// Whether the host takes a text now: a link that has just been made is still at its login.
+bool TakesTexts() {
+  return IsLinkUp() && Session().HasSentFrames;
 }
 
 }  // namespace
@@ -64,8 +63,9 @@ void frmHelpText::Form_Activate() {
 }
 
 void frmHelpText::TakeMessage() {
-  if (changed_ || saving_) return;
   SessionState& s = Session();
+  s.HelpTexts.Open();
+  question_.Ask();
   const std::string message = s.HostMessage;
   const std::string record = FieldOf(message, FS, 4);
   written_ = false;
@@ -80,12 +80,12 @@ void frmHelpText::TakeMessage() {
 }
 
 void frmHelpText::cmdSave_Click() {
-  if (saving_ || !Save()) return;
+  if (IsWaiting() || !Save()) return;
   Unload();
 }
 
 void frmHelpText::cmdExit_Click() {
-  if (saving_) return;  // the host's answer closes the window
+  if (IsWaiting()) return;  // the host's answer closes the window
   written_ = false;
   Unload();
 }
@@ -95,17 +95,18 @@ void frmHelpText::cmdExit_Click() {
 bool frmHelpText::Save() {
   written_ = false;
   if (!changed_) return true;
-  if (!IsLinkUp()) {
+  if (!TakesTexts()) {
     desktop().MsgBox("Error updating Help Text " + std::string(1, LF) + "Not connected");
     return false;
   }
   std::string text = txtHelp.Text();
   SwapAll(CRLF, std::string_view(&SVM, 1), text);
   Session().HelpKey = helpKey_;
-  changed_ = false;
-  written_ = true;
+  // Changed it stays until the host has answered: the link may be lost first.
   const ScopedFlag saving(saving_);
   WriteHelpText(AsField(text), kLineWidth, std::string(1, SVM));
+  changed_ = false;
+  written_ = true;
   return IsLoaded();
 }
 
@@ -114,8 +115,11 @@ void frmHelpText::Form_QueryUnload(bool& cancel) {
     if (!written_) AnswerHost();
     return;
   }
-  const auto answer = desktop().MsgBox("Changes have been made! Do you wish to save the changes?",
-                                       MessageBoxStyle::kYesNoCancel, "Help Text Changed");
+  const auto answer = [this] {
+    const ScopedFlag asking(asking_);
+    return desktop().MsgBox("Changes have been made! Do you wish to save the changes?",
+                            MessageBoxStyle::kYesNoCancel, "Help Text Changed");
+  }();
   if (answer == MessageBoxAnswer::Yes) {
     if (Save()) {
       Unload();
@@ -131,11 +135,17 @@ void frmHelpText::Form_QueryUnload(bool& cancel) {
 
 // The host goes on with an empty line.
 void frmHelpText::AnswerHost() {
-  SendToHost(std::string(1, CR));
+  question_.Answer("");
+}
+
+// Without the link no answer comes: the window can be left all the same.
+bool frmHelpText::IsWaiting() const {
+  return saving_ && IsLinkUp();
 }
 
 void frmHelpText::Form_Unload(bool&) {
   Session().HelpOpen = 0;
+  Session().HelpTexts.Answered();
 }
 
 }  // namespace quorvel

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "link/HostWait.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Window.h"
@@ -25,9 +26,8 @@ class frmHelpText : public Window {
   MenuItem mnuHelp{*this, "mnuHelp", "&Help"};
   MenuItem mnuHelpAbout{mnuHelp, "mnuHelpAbout", "&About"};
 
-  // Shows the text of the ~FIELDHELP~ message in HostMessage in place of the present one. Nothing
-  // while the present one is changed or being saved: the user goes on with that.
-  void TakeMessage();
+  // Whether the user is being asked what is to become of his changes.
+  bool IsAsking() const { return asking_; }
 
  protected:
   void Form_Load() override;
@@ -36,6 +36,8 @@ class frmHelpText : public Window {
   void Form_Unload(bool& cancel) override;
 
  private:
+  void TakeMessage();
+  bool IsWaiting() const;
   void cmdSave_Click();
   void cmdExit_Click();
   bool Save();
@@ -45,6 +47,8 @@ class frmHelpText : public Window {
   bool changed_ = false;
   bool written_ = false;  // the host has its answer in the text
   bool saving_ = false;   // it has not confirmed yet
+  bool asking_ = false;
+  HostQuestion question_;
 };
 
 }  // namespace quorvel

@@ -96,6 +96,8 @@ void frmSubMenu::BindEvents() {
   mnuBookMark.Click = [this] { mnuBookMark_Click(); };
   mnuLogoff.Click = [this] { cmdLogoff_Click(); };
   mnuHelpCurrent.Click = [this] { cmdHelp_Click(); };
+  cmdLogoff.IsWayOut = true;
+  for (MenuItem* wayOut : {&mnuLogoff, &mnuOptCapOff}) wayOut->IsWayOut = true;
   mnuHelpAbout.Click = [] { Ask().ShowAbout(); };
 }
 
@@ -246,19 +248,26 @@ bool frmSubMenu::SelectedOption(std::string& optionId) {
 }
 
 void frmSubMenu::lstOptions_DblClick(int page) {
-  if (page != tabMenu.Tab() || !SelectedOption(Session().OptionId)) return;
-  RunOption();
+  std::string option;
+  if (page != tabMenu.Tab() || !SelectedOption(option)) return;
+  Run(option);
 }
 
 void frmSubMenu::cmdDo_Click() {
   if (cboExecute.Text().empty()) return lstOptions_DblClick(tabMenu.Tab());
+  if (Session().Run.DropsAnother()) return;
   if (cboExecute.Text().size() == 2) cboExecute.Text = cboExecute.Text() + ".MENU";
   const std::string text = cboExecute.Text();
   const int old = cboExecute.List.Find(text);
   if (old >= 0) cboExecute.List.Remove(old);
   cboExecute.List.Insert(0, text);
   cboExecute.Text = "";
-  Session().OptionId = text;
+  Run(text);
+}
+
+void frmSubMenu::Run(const std::string& option) {
+  if (Session().Run.DropsAnother()) return;
+  Session().OptionId = option;
   RunOption();
 }
 
@@ -302,8 +311,8 @@ void StartMenu() {
   SessionState& s = Session();
   const std::string who = FieldOf(s.HostMessage, FS, 5);
   desktop().Yield();
-  frmSubMenu& window = desktop().FormObject<frmSubMenu>();
-  const auto keep = window.shared_from_this();
+  const auto owner = desktop().FormObject<frmSubMenu>();
+  frmSubMenu& window = *owner;
   if (s.MenuLoaded == 0) {
     try {
       window.Show();

@@ -71,6 +71,8 @@ class frmSubMenu : public Window {
   void FitLists();
   bool SelectedOption(std::string& optionId);
 
+  void Run(const std::string& option);
+
   void lstOptions_DblClick(int page);
   void cmdDo_Click();
   void cmdBack_Click();

@@ -41,6 +41,7 @@ mdiMain::mdiMain() : Window(Kind::Main, "mdiMain") {
   pnlButtons.Click = [this] { KeepTerminalFocus(); };
   cmdStartTelnet.Click = [this] { cmdStartTelnet_Click(); };
   mnuExit.Click = [this] { mnuExit_Click(); };
+  mnuExit.IsWayOut = true;
 }
 
 void mdiMain::BuildButtons() {
@@ -109,6 +110,8 @@ void mdiMain::cmdButton_Click(int index) {
 }
 
 void mdiMain::cmdStartTelnet_Click() {
+  const TelnetControl* telnet = Ask().LoadedTelnet();
+  if (telnet && !telnet->IsIdle()) return;  // nothing of another session is taken over by this one
   LoadConfiguration();
   if (Session().ConfigPath.empty()) return;
   StartSession();
@@ -117,7 +120,10 @@ void mdiMain::cmdStartTelnet_Click() {
 void mdiMain::mnuExit_Click() {
   if (Session().Connected == 1) {
     if (Session().MenuLoaded == 1) Session().ExitRequested = kTrue;
-    if (frmTelnet* terminal = LoadedForm<frmTelnet>()) terminal->Unload();
+    if (frmTelnet* terminal = LoadedForm<frmTelnet>()) {
+      terminal->UserIsAsked();
+      terminal->Unload();
+    }
   }
   Unload();
 }

@@ -16,16 +16,16 @@ void InstallReports() {
   HandOvers& ask = Ask();
   ask.ShowReport = ShowReport;
   ask.RunExport = [](std::string command) { RunExport(command); };
-  ask.ShowExportParameters = [] { Form<frmExpParm>().ShowModal(); };
+  ask.ShowExportParameters = [] { Form<frmExpParm>()->ShowModal(); };
   ask.ChoosePrinter = ChoosePrinter;
 }
 
 void InstallImages() {
-  Ask().ShowImage = [] { Form<frmImage>().Show(); };
+  Ask().ShowImage = [] { Form<frmImage>()->Show(); };
 }
 
 void InstallFax() {
-  Ask().ShowFaxSettings = [] { Form<frmFaxSettings>().ShowModal(); };
+  Ask().ShowFaxSettings = [] { Form<frmFaxSettings>()->ShowModal(); };
 }
 
 }  // namespace

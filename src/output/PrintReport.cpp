@@ -46,7 +46,8 @@ void PrintReport(const ReportLines& lines) {
   Try([&chosen] { chosen = desktop().ChoosePrinter(); });
   if (!chosen) return;
   Printer& printer = desktop().backend().printer();
-  frmPrintStatus& status = Form<frmPrintStatus>();
+  const auto owner = Form<frmPrintStatus>();
+  frmPrintStatus& status = *owner;
   status.Show();
   Try([&] { status.lblPrinter.Caption = printer.DeviceName(); });
   desktop().Yield();

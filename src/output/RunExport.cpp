@@ -50,7 +50,7 @@ std::string SettleEntry(const std::string& command) {
   const SessionState& s = Session();
   if (!command.empty()) return std::string(ExportCommand::kCommandColumn, ' ') + command;
   if (!UserChooses()) return DefaultExport(s.ExportCommands);
-  Form<frmExpSel>().ShowModal();
+  Form<frmExpSel>()->ShowModal();
   return s.SelectedExport;
 }
 

@@ -154,7 +154,7 @@ void frmExpParm::cmdBrowse_Click() {
 
 void frmExpParm::cmdBrowseExp_Click() {
   Session().BrowseDirectory = lblExportDir.Caption();
-  Form<frmBrowseExp>().ShowModal();
+  Form<frmBrowseExp>()->ShowModal();
   if (!Session().BrowseDirectory.empty()) lblExportDir.Caption = Session().BrowseDirectory;
 }
 

@@ -138,14 +138,14 @@ void frmFax::cmdSend_Click() {
   std::int32_t extra = 0;
   std::string message;
   std::optional<RuntimeError> failure;
-  desktop().backend().SetMousePointer(MousePointer::Hourglass);
+  desktop().SetMousePointer(MousePointer::Hourglass);
   FillJob();
   try {
     desktop().backend().fax().SendFax(wsnFax, result, message, extra);
   } catch (const RuntimeError& thrown) {
     failure = thrown;
   }
-  desktop().backend().SetMousePointer(MousePointer::Default);
+  desktop().SetMousePointer(MousePointer::Default);
   if (failure) {
     desktop().MsgBox("Error Sending Fax" + std::string(1, LF) +
                      "Error: " + std::to_string(failure->number()) + LF + failure->what());

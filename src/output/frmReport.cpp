@@ -30,8 +30,8 @@ constexpr auto kMoment = std::chrono::milliseconds(150);
 // The screen's mouse pointer is the hourglass while this lives.
 class Hourglass {
  public:
-  Hourglass() { desktop().backend().SetMousePointer(MousePointer::Hourglass); }
-  ~Hourglass() { desktop().backend().SetMousePointer(MousePointer::Default); }
+  Hourglass() { desktop().SetMousePointer(MousePointer::Hourglass); }
+  ~Hourglass() { desktop().SetMousePointer(MousePointer::Default); }
   Hourglass(const Hourglass&) = delete;
   Hourglass& operator=(const Hourglass&) = delete;
 };
@@ -76,7 +76,7 @@ frmReport::frmReport() : Window(Kind::Dialog, "frmReport") {
     RunExport(settingsDecide);
   };
   mnuFileExit.Click = [this] { Unload(); };
-  mnuSendFax.Click = [] { Form<frmFax>().ShowModal(); };
+  mnuSendFax.Click = [] { Form<frmFax>()->ShowModal(); };
   mnuOptExp.Click = [] { Ask().ShowExportParameters(); };
   mnuOptFax.Click = [] { Ask().ShowFaxSettings(); };
 }
@@ -126,7 +126,7 @@ void frmReport::Fill(std::istream& file, std::size_t expectedBytes) {
     }
     lines.Finish();
   } catch (const RuntimeError&) {
-    desktop().backend().SetMousePointer(MousePointer::Default);
+    desktop().SetMousePointer(MousePointer::Default);
     txtReport.Changed();
     desktop().MsgBox("Memory exceeded! Choose Export to view entire report");
   }
@@ -186,7 +186,7 @@ void frmReport::ShowMatches() {
 // --- from the capture file
 
 void ShowReport() {
-  Form<frmReport>().Show();
+  Form<frmReport>()->Show();
   const Hourglass waiting;
   const std::filesystem::path path = Session().CaptureFile;
   std::error_code failed;

@@ -1,7 +1,10 @@
 #include "settings/ConfigurationKeys.h"
 
+#include "link/Records.h"
 #include "platform/Numbers.h"
 #include "platform/PlainText.h"
+#include "platform/RuntimeError.h"
+#include "settings/SettingFaults.h"
 
 namespace quorvel {
 namespace {
@@ -62,6 +65,14 @@ void ReadExportCommand(SessionState& s, std::size_t i, std::string text) {
     text = "  " + std::string(WithoutLeadingBlanks(text));
   }
   if (text.find_first_not_of(' ') != std::string::npos) s.ExportCommands[i] = text;
+}
+
+// Refused here: it would fail for every block of the session.
+void ReadSendKeys(SessionState& s, const std::string& text) {
+  if (!Try([&text] { ExpandCommandString(text); })) {
+    throw RuntimeError(Failure::Overflow, "It " + std::string(kCodeTooHigh));
+  }
+  s.SendKeys = text;
 }
 
 void AddTelnet(KeyTable& t) {
@@ -133,7 +144,7 @@ void AddLogin(KeyTable& t) {
   t.Add("ConvUser", "", &S::ConvUser, Saved::Yes);
   t.Add("ConvPwd", "", &S::ConvPwd, Saved::Yes);
   t.Add("SingleSession", "", &S::SingleSession, Saved::No);
-  t.Add("SendKeys", "", &S::SendKeys, Saved::No);
+  t.Add("SendKeys", "", ReadSendKeys, nullptr, Saved::No);
 }
 
 void AddExportAndKeys(KeyTable& t) {

@@ -131,7 +131,7 @@ class ConfigurationTest : public ::testing::Test {
     std::filesystem::remove_all(folder_);
   }
 
-  MainWindow& main() { return desktop_.FormObject<MainWindow>(); }
+  MainWindow& main() { return *desktop_.FormObject<MainWindow>(); }
   std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   void Put(const std::string& name, const std::string& content) const {
     std::ofstream(Path(name), std::ios::binary) << content;

@@ -16,7 +16,7 @@ void InstallSettings() {
   ask.CenterOnParent = CenterOnParent;
   ask.CenterOnScreen = CenterOnScreen;
   ask.ShowTerminalSettings = [] {
-    if (Ask().TerminalControl()) Form<frmTerm>().ShowModal();
+    if (Ask().TerminalControl()) Form<frmTerm>()->ShowModal();
   };
 }
 

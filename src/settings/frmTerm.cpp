@@ -72,7 +72,7 @@ frmTerm::frmTerm() : Window(Kind::Dialog, "frmTerm") {
   LayOutRows();
 
   cmdFunk.Click = [] { Ask().ShowFunctionKeys(); };
-  cmdAdvanced.Click = [] { Form<frmAdvTerm>().ShowModal(); };
+  cmdAdvanced.Click = [] { Form<frmAdvTerm>()->ShowModal(); };
   cmdSetFont.Click = [this] { cmdSetFont_Click(); };
   cmdSetColor.Click = [this] { cmdSetColor_Click(); };
   cmdOK.Click = [this] { cmdOK_Click(); };

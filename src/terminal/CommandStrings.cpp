@@ -46,7 +46,7 @@ std::string CommandStringFault(const std::string& text) {
   try {
     ExpandCommandString(text);
   } catch (const RuntimeError&) {
-    return "has a code above 255; a character has one from 0 to 255.";
+    return kCodeTooHigh;
   }
   return {};
 }

@@ -23,7 +23,7 @@ void EnableSession(bool enabled) {
 
 void InstallTerminal() {
   HandOvers& ask = Ask();
-  ask.Telnet = [] { return &Form<frmTelnet>().TELNET1; };
+  ask.Telnet = [] { return &Form<frmTelnet>()->TELNET1; };
   ask.LoadedTelnet = []() -> TelnetControl* {
     frmTelnet* window = LoadedForm<frmTelnet>();
     return window ? &window->TELNET1 : nullptr;
@@ -32,7 +32,7 @@ void InstallTerminal() {
     frmTelnet* window = LoadedForm<frmTelnet>();
     return window ? &window->VT2201 : nullptr;
   };
-  ask.ShowTelnetWindow = [] { Form<frmTelnet>().Show(); };
+  ask.ShowTelnetWindow = [] { Form<frmTelnet>()->Show(); };
   ask.FitTelnetWindow = [] {
     if (frmTelnet* window = LoadedForm<frmTelnet>()) window->FitToMain();
   };
@@ -50,8 +50,8 @@ void InstallTerminal() {
     std::string copy = text;
     SendCommandString(copy);
   };
-  ask.ShowCommandButtons = [] { Form<frmButtons>().ShowModal(); };
-  ask.ShowFunctionKeys = [] { Form<frmFunk>().ShowModal(); };
+  ask.ShowCommandButtons = [] { Form<frmButtons>()->ShowModal(); };
+  ask.ShowFunctionKeys = [] { Form<frmFunk>()->ShowModal(); };
 }
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 #include "link/Negotiation.h"
 #include "link/Receiver.h"
 #include "link/Requests.h"
+#include "link/SessionChange.h"
 #include "link/SessionState.h"
 #include "link/StartUp.h"
 #include "platform/RuntimeError.h"
@@ -57,6 +58,7 @@ void frmTelnet::BindMenu() {
   mnuOptExport.Click = [] { Ask().ShowExportParameters(); };
   mnuOptCapOff.Click = [this] { mnuOptCapOff_Click(); };
   mnuBookMarks.Click = [this] { mnuBookMarks_Click(); };
+  for (MenuItem* wayOut : {&mnuCExit, &mnuECopy, &mnuOptCapOff}) wayOut->IsWayOut = true;
   mnuHAbout.Click = [] { Ask().ShowAbout(); };
 }
 
@@ -115,7 +117,7 @@ void frmTelnet::Form_Unload(bool& cancel) {
 // --- the link
 
 void frmTelnet::TELNET1_Connect() {
-  AbandonCaseCalls();  // no answer comes to what was asked on the last link
+  BeginSession();
   VT2201.Enabled = true;
   mnuCRemoteSystem.Enabled = false;
   mnuSOpen.Enabled = false;
@@ -132,7 +134,16 @@ void frmTelnet::TELNET1_Connect() {
 }
 
 void frmTelnet::TELNET1_Fail(const std::string& where, const std::string& reason) {
+  ShowNotConnected();
   desktop().MsgBox("Could not connect to " + where + LF + reason);
+}
+
+void frmTelnet::ShowNotConnected() {
+  mnuCRemoteSystem.Enabled = true;
+  mnuSOpen.Enabled = true;
+  if (Window* main = Ask().MainWindow()) {
+    main->Caption = Session().AppTitleBase + " - Not Connected";
+  }
 }
 
 void frmTelnet::TELNET1_Receive(std::string& data) {
@@ -155,17 +166,14 @@ void frmTelnet::CloseSession() {
   const frmTelnet* present = LoadedForm<frmTelnet>();
   if (present && present != this) return;
   VT2201.Enabled = true;
-  mnuCRemoteSystem.Enabled = true;
-  if (Window* main = Ask().MainWindow()) {
-    main->Caption = Session().AppTitleBase + " - Not Connected";
-  }
+  ShowNotConnected();
   if (Panel* panel = Ask().ButtonPanel()) panel->Enabled = false;
-  mnuSOpen.Enabled = true;
   VT2201.SessionUp = false;
+  EndOfLink();
   TELNET1.Close();
   Session().ExitRequested = kFalse;
   Unload();
-  if (Session().QuickExit != 1) return;
+  if (Session().QuickExit != 1 || userIsAsked_) return;
   Session().ConfirmExit = kFalse;
   if (Window* main = Ask().MainWindow()) main->Unload();
 }
@@ -202,6 +210,7 @@ void frmTelnet::mnuCExit_Click() {
 }
 
 void frmTelnet::mnuSOpen_Click() {
+  if (!TELNET1.IsIdle()) return;  // nothing of another session is taken over by this one
   LoadConfiguration();
   if (Session().ConfigPath.empty()) return;
   ApplySettings();

@@ -45,6 +45,8 @@ class frmTelnet : public Window {
 
   // Sizes the window to the client area of the main window, and the terminal to the window.
   void FitToMain();
+  // The user is being asked whether to leave the program: his answer counts, not QuickExit.
+  void UserIsAsked() { userIsAsked_ = true; }
 
  protected:
   void Form_Load() override;
@@ -61,6 +63,7 @@ class frmTelnet : public Window {
   void TELNET1_Receive(std::string& data);
   void TELNET1_Option(int command, int option);
   void CloseSession();
+  void ShowNotConnected();
 
   void VT2201_KeyboardData(const std::string& text);
   void VT2201_Answer(const std::string& text);
@@ -73,6 +76,8 @@ class frmTelnet : public Window {
   void mnuPrintScreen_Click();
   void mnuOptCapOff_Click();
   void mnuBookMarks_Click();
+
+  bool userIsAsked_ = false;
 };
 
 }  // namespace quorvel

@@ -21,7 +21,7 @@ namespace {
 using Steps = std::vector<TourStep>;
 
 bool NotConnected() {
-  return SessionOver() && Form<mdiMain>().Caption().ends_with("Not Connected");
+  return SessionOver() && Form<mdiMain>()->Caption().ends_with("Not Connected");
 }
 
 // Some hundred lines of a long report have come.
@@ -62,7 +62,7 @@ class Reconnect {
 
 Steps Reconnect::Start(const char* configuration) const {
   return {
-      {"", NotConnected, [] { Form<mdiMain>().cmdStartTelnet.UserClick(); }},
+      {"", NotConnected, [] { Form<mdiMain>()->cmdStartTelnet.UserClick(); }},
       {"", ToolkitDialogShows<QFileDialog>,
        [user = user_, configuration] {
          user.Type(configuration);
@@ -92,7 +92,7 @@ Story Reconnect::Lost(std::string where, Steps before, Steps after, bool orderly
 
 Story Reconnect::LoggedOff() const {
   Steps steps = {
-      {"", MainMenuShows, [user = user_] { user.Click(Form<frmSubMenu>().cmdLogoff); }},
+      {"", MainMenuShows, [user = user_] { user.Click(Form<frmSubMenu>()->cmdLogoff); }},
       {"", [] { return BoxShows(); }, [user = user_] { user.AnswerBox(); }},
   };
   for (const TourStep& step : Start(kConfiguration)) steps.push_back(step);
@@ -109,7 +109,7 @@ Story Reconnect::HostIsDown() const {
       {"", [] { return !BoxShows() && LoadedForm<frmTelnet>(); },
        [&host = place_.host] {
          host.Restart();
-         Form<frmTelnet>().mnuCRemoteSystem.UserClick();
+         Form<frmTelnet>()->mnuCRemoteSystem.UserClick();
        }},
       {"", MainMenuShows, nullptr},
   };
@@ -149,7 +149,7 @@ std::vector<Story> ReconnectStories(const Workplace& place) {
                              {"", RecordShows, [user] { user.Click(EntryScreen()->cmdCancel); }},
                              {"", KeyEntryShows, leaveScreen},
                              {"", MainMenuShows, nullptr}};
-  const auto prompt = [user] { user.Click(Form<frmSubMenu>().cmdTcl); };
+  const auto prompt = [user] { user.Click(Form<frmSubMenu>()->cmdTcl); };
 
   // clang-format off
   return {
@@ -189,7 +189,7 @@ std::vector<Story> ReconnectStories(const Workplace& place) {
               {"", DialogShows<frmPassword>, nullptr}},
              {{"", DialogShows<frmPassword>, r.Key(Qt::Key_Escape)}}, false),
       r.Lost("in a help text",
-             {{"", MainMenuShows, [user] { user.Click(Form<frmSubMenu>().cmdHelp); }},
+             {{"", MainMenuShows, [user] { user.Click(Form<frmSubMenu>()->cmdHelp); }},
               {"", DialogShows<frmHelpText>, nullptr}},
              {{"", [] { return !DialogShows<frmHelpText>(); }, nullptr}}, true),
       r.Lost("in a report",
@@ -197,7 +197,7 @@ std::vector<Story> ReconnectStories(const Workplace& place) {
               {"", reportMenu, r.Open("RP*STOCKCOUNT")},
               {"", [] { return ReportShows(10'000); }, nullptr}},
              {{"", [] { return ReportShows(10'000); },
-               [] { Form<frmReport>().mnuFileExit.UserClick(); }}}, false),
+               [] { Form<frmReport>()->mnuFileExit.UserClick(); }}}, false),
       r.Lost("while a report comes",
              {{"", MainMenuShows, r.Open("RP.WS.MENU")},
               {"", reportMenu, r.Open("RP*LEDGER")},

@@ -33,7 +33,7 @@ bool StockCountShows() {
 }
 
 bool MatchesTold() {
-  return StockCountShows() && !Form<frmReport>().lblMatches.Caption().empty();
+  return StockCountShows() && !Form<frmReport>()->lblMatches.Caption().empty();
 }
 
 // The exported file is there in full.
@@ -82,11 +82,11 @@ Steps Work::Menus() const {
   return {
       {"", MainMenuShows, Open("AR")},
       {"", [] { return MenuShows("Customers and Receivables"); }, Open("AR.CREDIT.MENU")},
-      {"", [] { return MenuShows("Credit Control"); }, [user = user_] { user.Click(Form<frmSubMenu>().cmdBack); }},
+      {"", [] { return MenuShows("Credit Control"); }, [user = user_] { user.Click(Form<frmSubMenu>()->cmdBack); }},
       {"", [] { return MenuShows("Customers and Receivables"); }, Key(Qt::Key_B, Qt::AltModifier)},
       {"", MainMenuShows, Key(Qt::Key_S, Qt::AltModifier)},
       {"", PopupShows, [user = user_] { user.Key(Qt::Key_Escape); user.Key(Qt::Key_Escape); }},
-      {"", MainMenuShows, [] { Form<frmSubMenu>().mnuHelpAbout.UserClick(); }},
+      {"", MainMenuShows, [] { Form<frmSubMenu>()->mnuHelpAbout.UserClick(); }},
       {"", DialogShows<frmAbout>, Key(Qt::Key_Return)},
       {"", [] { return MainMenuShows() && !DialogShows<frmAbout>(); }, nullptr},
   };
@@ -113,7 +113,7 @@ Steps Work::City() const {
 
 Steps Work::Prompt() const {
   return {
-      {"", MainMenuShows, [user = user_] { user.Click(Form<frmSubMenu>().cmdTcl); }},
+      {"", MainMenuShows, [user = user_] { user.Click(Form<frmSubMenu>()->cmdTcl); }},
       {"", [] { return TerminalShows("> "); }, Type("LIST CUSTOMERS\r")},
       {"", [] { return TerminalShows("C1005"); }, Type(".\r")},
       {"", [] { return TerminalShows("> ") && !TerminalShows("C1005"); }, Type("COUNT CUSTOMERS\r")},
@@ -152,10 +152,10 @@ Steps Work::TestCard() const {
 }
 
 Steps Work::Help() const {
-  const auto help = [] { return DialogShows<frmHelpText>() && !Form<frmHelpText>().txtHelp.Text().empty(); };
+  const auto help = [] { return DialogShows<frmHelpText>() && !Form<frmHelpText>()->txtHelp.Text().empty(); };
   return {
-      {"", MainMenuShows, [user = user_] { user.Click(Form<frmSubMenu>().cmdHelp); }},
-      {"", help, [user = user_] { user.Click(Form<frmHelpText>().cmdExit); }},
+      {"", MainMenuShows, [user = user_] { user.Click(Form<frmSubMenu>()->cmdHelp); }},
+      {"", help, [user = user_] { user.Click(Form<frmHelpText>()->cmdExit); }},
       {"", [] { return MainMenuShows() && !DialogShows<frmHelpText>(); }, nullptr},
   };
 }
@@ -177,20 +177,20 @@ Steps Work::StockCount() const {
       {"", ReportMenu, Open("RP*STOCKCOUNT")},
       {"", StockCountShows, Key(Qt::Key_F, Qt::ControlModifier)},
       {"", StockCountShows, Type("drill")},
-      {"", StockCountShows, [user = user_] { user.Click(Form<frmReport>().cmdNext); }},
-      {"", MatchesTold, [] { Form<frmReport>().mnuFilePrint.UserClick(); }},
+      {"", StockCountShows, [user = user_] { user.Click(Form<frmReport>()->cmdNext); }},
+      {"", MatchesTold, [] { Form<frmReport>()->mnuFilePrint.UserClick(); }},
       {"", ToolkitDialogShows<QPrintDialog>, Key(Qt::Key_Escape)},
-      {"", StockCountShows, [] { Form<frmReport>().mnuOptExp.UserClick(); }},
+      {"", StockCountShows, [] { Form<frmReport>()->mnuOptExp.UserClick(); }},
       {"", DialogShows<frmExpParm>, Key(Qt::Key_Escape)},
       {"", [] { return StockCountShows() && !DialogShows<frmExpParm>(); },
-       [] { Form<frmReport>().mnuFileExport.UserClick(); }},
+       [] { Form<frmReport>()->mnuFileExport.UserClick(); }},
       {"", ToolkitDialogShows<QFileDialog>, [user = user_] { user.Type(kExportFile); user.Type("\r"); }},
       {"", DialogShows<frmExpSel>, Key(Qt::Key_Return)},
       {"", [file] { return StockCountShows() && Exported(file); },
        [file] {
          std::error_code ignored;
          std::filesystem::remove(file, ignored);
-         Form<frmReport>().mnuFileExit.UserClick();
+         Form<frmReport>()->mnuFileExit.UserClick();
        }},
       {"", ReportMenu, Key(Qt::Key_B, Qt::AltModifier)},
       {"", MainMenuShows, nullptr},

@@ -60,7 +60,7 @@ void Hands::Type(const char* text) const {
 }
 
 void Hands::Open(const char* option) const {
-  Click(Form<frmSubMenu>().cboExecute);
+  Click(Form<frmSubMenu>()->cboExecute);
   Type(option);
   Key(Qt::Key_Return);
 }

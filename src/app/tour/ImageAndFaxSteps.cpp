@@ -18,7 +18,7 @@ namespace {
 void LeaveImageAndRemoveItsFile() {
   std::error_code ignored;
   std::filesystem::remove(Session().ImageArgs[0], ignored);
-  Form<frmSubMenu>().SetFocus();
+  Form<frmSubMenu>()->SetFocus();
 }
 
 // The whole letter has reached the viewer.
@@ -42,7 +42,7 @@ std::vector<TourStep> ImageSteps(QtBackend& backend) {
   return {
       {"", MainMenuShows, [user] { user.Open("UT.PICTURE"); }},
       {"image", PictureShows, [] { LeaveImageAndRemoveItsFile(); }},
-      {"", MainMenuShows, [&backend] { backend.WidgetOf(Form<frmImage>())->activateWindow(); }},
+      {"", MainMenuShows, [&backend] { backend.WidgetOf(*Form<frmImage>())->activateWindow(); }},
       {"image-gone", [] { return BoxShows("Invalid Image path"); }, [user] { user.AnswerBox(); }},
       {"", PictureShows, [user] { user.Key(Qt::Key_E, Qt::AltModifier); }},
       // The terminal has the keyboard then; Enter asks the host for its menu.
@@ -59,8 +59,8 @@ std::vector<TourStep> FaxSteps(QtBackend& backend) {
       {"", MainMenuShows, [user] { user.Open("RP*REMINDER"); }},
       {"", ReminderShows,
        [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
-      {"fax", FaxShows, [user] { user.Click(Form<frmFax>().chkSendCover); }},
-      {"fax-without-cover-page", [] { return FaxShows() && !Form<frmFax>().txtToFax.Enabled(); },
+      {"fax", FaxShows, [user] { user.Click(Form<frmFax>()->chkSendCover); }},
+      {"fax-without-cover-page", [] { return FaxShows() && !Form<frmFax>()->txtToFax.Enabled(); },
        [user] { user.Key(Qt::Key_S, Qt::AltModifier); }},
       {"fax-without-server", [] { return BoxShows("server name"); }, [user] { user.AnswerBox(); }},
       {"", FaxShows, [user] { user.Key(Qt::Key_F, Qt::AltModifier); }},
@@ -68,7 +68,7 @@ std::vector<TourStep> FaxSteps(QtBackend& backend) {
        [user] { user.Key(Qt::Key_Escape); }},
       {"", FaxShows, [user] { user.Key(Qt::Key_Escape); }},
       {"", [] { return !DialogShows<frmFax>() && DialogShows<frmReport>(); },
-       [] { Form<frmReport>().mnuFileExit.UserClick(); }},
+       [] { Form<frmReport>()->mnuFileExit.UserClick(); }},
   };
   // clang-format on
 }

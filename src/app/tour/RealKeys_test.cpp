@@ -90,11 +90,11 @@ TEST(RealKeys, TerminalAndBookmarks) {
   const auto bookmarks = [] { return DialogShows<frmBookMark>(); };
   const auto lines = [] {
     std::string all;
-    for (const std::string& line : Form<frmBookMark>().lstCommands.List.All()) all += line;
+    for (const std::string& line : Form<frmBookMark>()->lstCommands.List.All()) all += line;
     return all;
   };
   const auto mouse = [&](QEvent::Type type, int row) {
-    user.MouseOnRow(Form<frmBookMark>().lstCommands, type, row);
+    user.MouseOnRow(Form<frmBookMark>()->lstCommands, type, row);
   };
   std::ofstream(folder.filePath("BOOKMARK.TXT").toStdString()) << "a\nb\nc\nd\n";
   QAccessible::Id list = 0;
@@ -108,7 +108,7 @@ TEST(RealKeys, TerminalAndBookmarks) {
          press(kApplication);
        }},
       {"", [&] { return received.ends_with("!"); },
-       [] { Form<frmTelnet>().mnuBookMarks.UserClick(); }},
+       [] { Form<frmTelnet>()->mnuBookMarks.UserClick(); }},
       {"", bookmarks,
        [&] {
          EXPECT_EQ(lines(), "abcd");
@@ -120,7 +120,7 @@ TEST(RealKeys, TerminalAndBookmarks) {
       {"", bookmarks,
        [&] {
          EXPECT_EQ(lines(), "bcad");
-         EXPECT_EQ(Form<frmBookMark>().lstCommands.Text(), "a");
+         EXPECT_EQ(Form<frmBookMark>()->lstCommands.Text(), "a");
          user.Key(Qt::Key_Down, Qt::AltModifier);
          user.Key(Qt::Key_Up, Qt::AltModifier);
          user.Key(Qt::Key_Up, Qt::AltModifier);
@@ -129,7 +129,7 @@ TEST(RealKeys, TerminalAndBookmarks) {
        [&] {
          EXPECT_EQ(lines(), "bacd");
          list = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(
-             backend.WidgetOf(Form<frmBookMark>().lstCommands)));
+             backend.WidgetOf(Form<frmBookMark>()->lstCommands)));
          EXPECT_NE(QAccessible::accessibleInterface(list), nullptr);
          user.Key(Qt::Key_Escape);
        }},

@@ -58,7 +58,7 @@ std::vector<TourStep> ScreenSteps(QtBackend& backend) {
       {"", PopupShows, type("i")},
       {"list", [] { return DialogShows<frmList>(); }, [user] { user.Key(Qt::Key_Home); user.Key(Qt::Key_Return); }},
       {"list-answer", [] { return FieldShows(kRepName, "Nora Beck"); }, click(&frmEntry::cmdHelp)},
-      {"field-help", [] { return DialogShows<frmHelpText>(); }, [user] { user.Click(Form<frmHelpText>().cmdExit); }},
+      {"field-help", [] { return DialogShows<frmHelpText>(); }, [user] { user.Click(Form<frmHelpText>()->cmdExit); }},
       {"", [] { return !LoadedForm<frmHelpText>() && FieldShows(kRep, "R1"); },
        typeInto(kPhone, "555-0199\r")},
       {"record-changed", [] { return FieldShows(kPhone, "555-0199"); }, click(&frmEntry::cmdSave)},
@@ -75,8 +75,8 @@ std::vector<TourStep> OtherScreenSteps(QtBackend& backend) {
   const auto type = [user](const char* text) { return [user, text] { user.Type(text); }; };
   const auto size = [](int width, int height) {
     return [width, height] {
-      Form<mdiMain>().Width = width;
-      Form<mdiMain>().Height = height;
+      Form<mdiMain>()->Width = width;
+      Form<mdiMain>()->Height = height;
     };
   };
   const auto leave = [user] { user.Click(EntryScreen()->cmdCancel); };

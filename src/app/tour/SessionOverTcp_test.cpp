@@ -42,23 +42,23 @@ TEST(SessionOverTcp, TwoSessionsScreensAndALostLink) {
   std::vector<TourStep> steps = {
       {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("AR"); }},
       {"", [] { return MenuShows("Customers and Receivables"); },
-       [&] { user.Click(Form<frmSubMenu>().cmdBack); }},
+       [&] { user.Click(Form<frmSubMenu>()->cmdBack); }},
       {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("UT.MSGBOX"); }},
       {"", [] { return BoxShows("host waits"); }, [&] { user.AnswerBox(); }},
       {"", [] { return BoxShows("second"); }, [&] { user.AnswerBox(); }},
       {"", [] { return MenuShows("Main Menu") && !BoxShows(); },
-       [&] { user.Click(Form<frmSubMenu>().cmdTcl); }},
+       [&] { user.Click(Form<frmSubMenu>()->cmdTcl); }},
       {"", [] { return TerminalShows(">"); }, [&] { user.Type("WHO\r"); }},
       {"", [] { return TerminalShows("demo"); }, [&] { user.Type("\rMENU\r"); }},
       {"", [] { return MenuShows("Main Menu"); }, [&] { user.Open("AR.CUSTOMER"); }},
   };
   const std::vector<TourStep> end = {
       {"", [] { return MenuShows("Main Menu"); },
-       [&] { user.Click(Form<frmSubMenu>().cmdLogoff); }},
+       [&] { user.Click(Form<frmSubMenu>()->cmdLogoff); }},
       {"", [] { return BoxShows(); }, [&] { user.AnswerBox(); }},
       {"", [] { return SessionOver(); },
        [&] {
-         EXPECT_EQ(Form<mdiMain>().Caption(), "Quorvel GUI - Not Connected");
+         EXPECT_EQ(Form<mdiMain>()->Caption(), "Quorvel GUI - Not Connected");
          desktop.Post(EventKind::Program, [] { StartSession(); });
        }},
       {"", [] { return MenuShows("Main Menu"); }, [&] { host.Kill(); }},

@@ -111,17 +111,36 @@ void Control::UserFocus() {
   window_.AsUserEvent([this] { desktop().focus().SetFocus(*this); });
 }
 
+void Control::UserPress() {
+  if (!window_.TakesInput() || !TakesFocus() || !Reachable()) return;
+  window_.AsUserEvent([this] {
+    pressed_ = true;
+    desktop().focus().SetFocus(*this);
+    pressed_ = false;
+  });
+}
+
 void Control::UserClick() {
   if (!window_.TakesInput() || !Reachable()) return;
-  window_.AsUserEvent([this] {
+  const auto click = [this] {
     if (TakesFocus() && FocusOnClick) SetFocus();
+    if (Reachable()) Call(Click);
+  };
+  return IsWayOut ? window_.AsUserEventAtOnce(click) : window_.AsUserEvent(click);
+}
+
+void Control::UserRelease() {
+  if (!window_.TakesInput() || !Reachable()) return;
+  window_.AsUserEvent([this] {
     if (Reachable()) Call(Click);
   });
 }
 
 void Control::UserDblClick() {
   if (!window_.TakesInput() || !Reachable()) return;
-  window_.AsUserEvent([this] { Call(DblClick); });
+  window_.AsUserEvent([this] {
+    if (Reachable()) Call(DblClick);
+  });
 }
 
 void Control::UserMouseDown(MouseButton button) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/CommonDialogs.h"
@@ -115,6 +116,8 @@ class Control : public Container, public Observed {
   Property<int> Page{*this, Prop::Page, 0};
   // Whether a click gives it the keyboard. Off for buttons that work like a tool bar's.
   bool FocusOnClick = true;
+  // Whether a click is served at once where others are kept for the end of a wait: a way out.
+  bool IsWayOut = false;
 
   Event GotFocus;
   Event LostFocus;
@@ -139,7 +142,12 @@ class Control : public Container, public Observed {
   // What the user did, told by a peer (or a test). Each is one event; ignored while the window
   // takes no input.
   void UserFocus();
+  // The same by a press of the mouse that has placed caret and selection already: entering it
+  // leaves them.
+  void UserPress();
   virtual void UserClick();
+  // The end of a click whose press has given it the keyboard already.
+  void UserRelease();
   void UserDblClick();
   void UserMouseDown(MouseButton button);
   void UserMouseUp(MouseButton button);
@@ -153,6 +161,8 @@ class Control : public Container, public Observed {
   Control(Container& parent, std::string name, int index = -1);
   // To be called at the end of the constructor of every concrete kind.
   void Created();
+  // True once, while a press of the mouse that has placed the selection gives it the keyboard.
+  bool TakePressed() { return std::exchange(pressed_, false); }
   // Calls `event`, if anybody listens, as part of what is being handled or as an event of its own.
   void Raise(const Event& event);
   void TellPeer(Prop prop);
@@ -167,6 +177,7 @@ class Control : public Container, public Observed {
   const std::string name_;
   const int index_;
   Label* label_ = nullptr;  // the label that stands for it
+  bool pressed_ = false;
   std::unique_ptr<ControlPeer> peer_;
 };
 

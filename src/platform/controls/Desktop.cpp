@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 #include "platform/Scoped.h"
 #include "platform/controls/Menu.h"
@@ -14,6 +15,10 @@ Desktop* theDesktop = nullptr;
 // How many receive events may be nested (in boxes and waits). A host that sends boxes without end
 // must not exhaust the stack; what is above waits in the queue.
 constexpr int kMostNestedReceives = 24;
+
+// Keys and clicks that are kept for the end of a wait. More is no typing ahead but a key that lies
+// on the keyboard.
+constexpr std::size_t kMostKept = 1000;
 
 // How often the keyboard may be settled after one event, should each GotFocus lose it again.
 constexpr int kMostSettlings = 16;
@@ -59,24 +64,27 @@ void Desktop::Post(EventKind kind, std::function<void()> event) {
   backend_.Wake();
 }
 
-void Desktop::Handle(EventKind kind, const std::function<void()>& body) {
+void Desktop::Handle(EventKind kind, const std::function<void()>& body, Window* window) {
   if (ending_) return;
   const Context context = kind == EventKind::Receive ? Context::Receive
                           : kind == EventKind::User  ? Context::User
                                                      : Context::Program;
-  const Pushed<Context> in(contexts_, context);
-  const auto level = levels_.size() - 1;
-  ++levels_[level].running;
-  Guard(body);
-  --levels_[level].running;
-  Guard([this] { Settle(); });
-  if (!queue_.empty()) backend_.Wake();  // what was held back may run now
+  {
+    const Pushed<Running> in(running_, {context, generation_,
+                                        window ? window->weak_from_this() : std::weak_ptr<Window>()});
+    const auto level = levels_.size() - 1;
+    ++levels_[level].running;
+    Guard(body);
+    --levels_[level].running;
+    Guard([this] { Settle(); });
+  }
+  if (!queue_.empty() || !kept_.empty()) backend_.Wake();  // what was held back may run now
 }
 
 void Desktop::Guard(const std::function<void()>& body) {
   try {
     body();
-  } catch (const ProcessEnding&) {
+  } catch (const QuietEnd&) {
     return;
   } catch (const RuntimeError& failure) {
     ReportFailure(failure);
@@ -91,7 +99,7 @@ void Desktop::ReportFailure(const RuntimeError& failure) {
   try {
     MsgBox("Run-time error '" + std::to_string(failure.number()) + "':\n\n" + failure.what(),
            MessageBoxStyle::kCritical);
-  } catch (const ProcessEnding&) {
+  } catch (const QuietEnd&) {
     return;
   }
 }
@@ -115,14 +123,40 @@ void Desktop::RunWithin(const std::function<void()>& body) {
   }
 }
 
+// While this lives, others are served in the midst of the running event.
+class Desktop::Serving {
+ public:
+  Serving(Desktop& owner, Context context)
+      : in_(owner.running_, {context, owner.generation_}), owner_(owner), given_(owner.given_) {
+    owner_.given_ = 0;
+  }
+  ~Serving() { owner_.given_ = given_; }
+  Serving(const Serving&) = delete;
+  Serving& operator=(const Serving&) = delete;
+
+ private:
+  const Pushed<Running> in_;
+  Desktop& owner_;
+  const unsigned given_;
+};
+
 bool Desktop::InputHeld() const {
-  const auto inner = std::find_if(contexts_.rbegin(), contexts_.rend(),
-                                  [](Context context) { return context != Context::Program; });
-  return inner != contexts_.rend() && *inner == Context::Receive;
+  const auto inner = std::find_if(running_.rbegin(), running_.rend(), [](const Running& running) {
+    return running.context != Context::Program && running.context != Context::Yield;
+  });
+  return inner != running_.rend() && inner->context == Context::Receive;
 }
 
 int Desktop::RunningReceives() const {
-  return static_cast<int>(std::count(contexts_.begin(), contexts_.end(), Context::Receive));
+  return static_cast<int>(
+      std::count_if(running_.begin(), running_.end(), [](const Running& running) {
+        return running.context == Context::Receive;
+      }));
+}
+
+bool Desktop::IsServing() const {
+  return running_.empty() || running_.back().context == Context::Yield ||
+         running_.back().context == Context::Wait;
 }
 
 bool Desktop::MayRun(EventKind kind) const {
@@ -135,7 +169,8 @@ bool Desktop::MayRun(EventKind kind) const {
 bool Desktop::ServeOne() {
   const auto next = std::find_if(queue_.begin(), queue_.end(),
                                  [this](const Queued& queued) { return MayRun(queued.kind); });
-  if (ending_ || next == queue_.end()) return false;
+  if (ending_) return false;
+  if (next == queue_.end()) return ServeKept();
   const Queued event = std::move(*next);
   queue_.erase(next);
   Handle(event.kind, event.event);
@@ -145,14 +180,17 @@ bool Desktop::ServeOne() {
 bool Desktop::ServeQueue() {
   bool served = false;
   // Only what is there now, so that an event that posts itself again can't hold the caller.
-  for (auto left = queue_.size(); left > 0 && ServeOne(); --left) served = true;
+  for (auto left = queue_.size() + kept_.size(); left > 0 && ServeOne(); --left) served = true;
   return served;
 }
 
 void Desktop::Yield() {
   CheckEnding();
-  ServeQueue();
-  backend_.ServeToolkit(InputHeld() ? Serve::WithoutInput : Serve::All);
+  {
+    const Serving others(*this, Context::Yield);
+    ServeQueue();
+    backend_.ServeToolkit(InputHeld() ? Serve::WithoutInput : Serve::All);
+  }
   CheckEnding();
 }
 
@@ -165,7 +203,7 @@ void Desktop::Paint() {
 }
 
 void Desktop::WaitWhile(const std::function<bool()>& condition) {
-  const Pushed<Context> waiting(contexts_, Context::Wait);
+  const Serving others(*this, Context::Wait);
   while (condition()) {
     CheckEnding();
     if (!ServeOne()) backend_.ServeToolkit(Serve::Waiting);
@@ -174,7 +212,7 @@ void Desktop::WaitWhile(const std::function<bool()>& condition) {
 }
 
 void Desktop::CheckEnding() const {
-  if (ending_) throw ProcessEnding{};
+  if (ending_) throw QuietEnd{};
 }
 
 void Desktop::EndProcess() {
@@ -183,19 +221,138 @@ void Desktop::EndProcess() {
     queue_.clear();
     backend_.Quit();
   }
-  if (IsHandling()) throw ProcessEnding{};
+  if (IsHandling()) throw QuietEnd{};
+}
+
+// --- typing ahead
+
+Desktop::Running* Desktop::RunningEvent() {
+  const auto event = std::find_if(running_.rbegin(), running_.rend(), [](const Running& running) {
+    return running.context != Context::Yield && running.context != Context::Wait;
+  });
+  return event == running_.rend() ? nullptr : &*event;
+}
+
+void Desktop::HoldInput() {
+  Running* event = RunningEvent();
+  if (event && event->holdsSince == 0) event->holdsSince = NextMoment();
+}
+
+void Desktop::ReleaseInput() {
+  for (Running& running : running_) running.holdsSince = 0;
+  keptDeferred_ = false;
+  kept_.clear();
+}
+
+void Desktop::DeferKeptInput(bool deferred) {
+  keptDeferred_ = deferred;
+  if (!kept_.empty()) backend_.Wake();
+}
+
+bool Desktop::HoldsInput(const Window& window) const {
+  return std::any_of(running_.begin(), running_.end(), [&window](const Running& running) {
+    return running.holdsSince > window.OpenedAt();
+  });
+}
+
+bool Desktop::OthersHoldInput(const Window& window) const {
+  return std::any_of(running_.begin(), running_.end(), [&window](const Running& running) {
+    return running.holdsSince != 0 && running.window.lock().get() != &window;
+  });
+}
+
+bool Desktop::KeepsInput(const Window& window) const {
+  return IsServing() && given_ == 0 && HoldsInput(window);
+}
+
+void Desktop::TakeInput(Window& window, std::function<void()> act) {
+  if (ending_) return;
+  const bool behind =
+      IsServing() && given_ == 0 && !kept_.empty() && (keptDeferred_ || KeptIsDue());
+  if (!behind && !KeepsInput(window)) return act();
+  KeepInput(window, std::move(act));
+}
+
+void Desktop::KeepInput(Window& window, std::function<void()> act) {
+  if (kept_.size() >= kMostKept) return backend_.Beep();
+  kept_.push_back({window.weak_from_this(), NextMoment(), std::move(act)});
+  backend_.Wake();
+}
+
+// Whether the wait that the oldest kept input was kept for is over.
+bool Desktop::KeptIsDue() const {
+  if (keptDeferred_) return false;
+  const auto meant = kept_.front().window.lock();
+  const Window* window = meant && meant->IsLoaded() ? meant.get() : focus_.Front();
+  return !window || !HoldsInput(*window);
+}
+
+bool Desktop::ServeKept() {
+  if (kept_.empty() || !MayRun(EventKind::User) || !KeptIsDue()) return false;
+  const Kept next = std::move(kept_.front());
+  kept_.pop_front();
+  const unsigned before = std::exchange(given_, next.given);
+  next.act();
+  given_ = before;
+  if (!kept_.empty()) backend_.Wake();
+  return true;
+}
+
+// --- whose waits these are
+
+std::shared_ptr<Window> Desktop::RunningWindow() {
+  const Running* event = RunningEvent();
+  return event ? event->window.lock() : nullptr;
+}
+
+void Desktop::StartGeneration() {
+  ++generation_;
+  if (Running* event = RunningEvent()) event->generation = generation_;
+}
+
+bool Desktop::IsRunningStale() {
+  const Running* event = RunningEvent();
+  return event && event->generation != generation_;
+}
+
+PartOf::PartOf(Window& window) : place_(desktop().running_.size()) {
+  if (place_ == 0) return;
+  auto& running = desktop().running_.back();
+  before_ = std::exchange(running.window, window.weak_from_this());
+}
+
+PartOf::~PartOf() {
+  if (place_ != 0) desktop().running_[place_ - 1].window = before_;
 }
 
 // --- boxes and pop-ups
+
+const Desktop::Above* Desktop::InFront() const {
+  const auto top = std::find_if(above_.rbegin(), above_.rend(), [](const Above& above) {
+    return !above.window || above.window->IsVisible();
+  });
+  return top == above_.rend() ? nullptr : &*top;
+}
+
+bool Desktop::IsBlocked(const Window& window) const {
+  const Above* top = InFront();
+  return top && top->window != &window;
+}
+
+bool Desktop::IsBoxInFront() const {
+  const Above* top = InFront();
+  return top && !top->window;
+}
 
 // Runs a box or dialog of the platform, which serves events until the user has answered.
 template <class Ask>
 auto Desktop::AskInBox(const Ask& ask) {
   CheckEnding();
+  kept_.clear();
   if (!queue_.empty()) backend_.Wake();  // what was held back is served while the box is open
-  const Pushed<Context> waiting(contexts_, Context::Wait);
   auto answer = [&] {
-    const ScopedCount open(boxes_);
+    const Serving others(*this, Context::Wait);
+    const Pushed<Above> open(above_, {nullptr});
     return ask();
   }();
   CheckEnding();
@@ -209,11 +366,18 @@ MessageBoxAnswer Desktop::MsgBox(const std::string& text, int style, const std::
   });
 }
 
+void Desktop::SetMousePointer(MousePointer pointer) {
+  pointer_ = pointer;
+  backend_.SetMousePointer(pointer);
+}
+
 void Desktop::PopupMenu(MenuItem& menu) {
   CheckEnding();
   if (!queue_.empty()) backend_.Wake();
-  const Pushed<Context> waiting(contexts_, Context::Wait);
-  backend_.PopUp(menu);
+  {
+    const Serving others(*this, Context::Wait);
+    backend_.PopUp(menu);
+  }
   CheckEnding();
 }
 
@@ -253,11 +417,14 @@ std::vector<Window*> Desktop::LoadedWindows() const {
 }
 
 void Desktop::EnterModal(const Window& window) {
+  kept_.clear();
   levels_.push_back({&window, 0});
+  above_.push_back({&window});
 }
 
 void Desktop::LeaveModal() {
   levels_.pop_back();
+  above_.pop_back();
 }
 
 }  // namespace quorvel

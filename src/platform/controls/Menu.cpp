@@ -19,12 +19,17 @@ MenuItem::MenuItem(MenuItem& parent, std::string name, const std::string& captio
 
 void MenuItem::UserClick() {
   // A disabled window takes no keys or clicks, but its menu bar still works.
-  const bool blocked = desktop().IsBoxOpen() || desktop().focus().IsBlocked(window_);
-  if (blocked || !window_.IsLoaded() || !Enabled() || !Visible() || IsSeparator()) return;
-  window_.AsUserEvent([this] {
+  const auto takesClicks = [this] {
+    return window_.IsLoaded() && Enabled() && Visible() && !IsSeparator() &&
+           !desktop().IsBlocked(window_);
+  };
+  if (!takesClicks()) return;
+  const auto serve = [this, takesClicks] {
+    if (!takesClicks()) return;
     const auto click = Click;  // a copy: the handler may end the window
     if (click) click();
-  });
+  };
+  return IsWayOut ? window_.AsUserEventAtOnce(serve) : window_.AsUserEvent(serve);
 }
 
 void MenuItem::PropertyChanged(Prop) {

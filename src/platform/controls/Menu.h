@@ -32,6 +32,8 @@ class MenuItem final : public Observed {
   Property<bool> Checked{*this, Prop::Checked, false};
   // Left out of the menu bar: a menu that only pops up.
   bool PopUpOnly = false;
+  // Served at once where others are kept for the end of a wait: a way out.
+  bool IsWayOut = false;
 
   std::function<void()> Click;
 

@@ -120,7 +120,7 @@ void Terminal::UserKey(vt::Key key, vt::Modifiers modifiers) {
 void Terminal::UserSelect(Selection selection) {
   selection_ = std::move(selection);
   TellPeer(Prop::Selection);
-  window().AsUserEvent([this] { Raise(SelectionChange); });
+  window().AsUserEventAtOnce([this] { Raise(SelectionChange); });
 }
 
 }  // namespace quorvel

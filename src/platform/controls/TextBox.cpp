@@ -10,6 +10,7 @@ TextBox::TextBox(Container& parent, std::string name, int index)
 }
 
 void TextBox::SelectAll() {
+  if (TakePressed()) return;  // the user has pointed at a place in it
   SelStart = 0;
   SelLength = static_cast<int>(Text().size());
 }

@@ -23,6 +23,7 @@ class TextBox : public Control {
 
   Event Change;
 
+  // Selects the text; not where the user has just entered the box at a place of it.
   void SelectAll();
   // Puts `text` in place of the selection as if it were typed: MaxLength holds, Change is raised.
   void Insert(const std::string& text);

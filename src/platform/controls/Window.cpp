@@ -68,6 +68,10 @@ void Window::Show() {
   if (!IsLoaded()) return;  // its own load sent it away
   const bool appears = !visible_;
   visible_ = true;
+  if (appears) {
+    openedAt_ = desktop().NextMoment();
+    if (kind_ == Kind::Dialog) desktop().DropKeptInput();
+  }
   if (appears && peer_) peer_->Show(modal_);
   if (!resized_) {
     resized_ = true;
@@ -80,15 +84,30 @@ void Window::ShowModal() {
   const auto keep = shared_from_this();
   Load();
   if (!IsLoaded()) return;
-  desktop().EnterModal(*this);
-  struct Leave {
-    ~Leave() { desktop().LeaveModal(); }
-  } leave;
-  modal_ = true;
+  struct Modal {
+    explicit Modal(Window& owner) : window(owner), before(owner.modal_) {
+      desktop().EnterModal(window);
+      window.modal_ = true;
+    }
+    ~Modal() {
+      window.modal_ = before;
+      desktop().LeaveModal();
+    }
+    Modal(const Modal&) = delete;
+    Modal& operator=(const Modal&) = delete;
+    Window& window;
+    const bool before;
+  } const modal(*this);
   visible_ = false;  // a second showing while it is up still begins with Resize, Activate, GotFocus
-  Show();
+  try {
+    Show();
+  } catch (const RuntimeError&) {
+    // Nobody would wait for it any more.
+    Try([this] { Unload(); });
+    Hide();
+    throw;
+  }
   desktop().WaitWhile([this] { return IsLoaded() && visible_; });
-  modal_ = false;
 }
 
 void Window::Hide() {
@@ -153,8 +172,8 @@ void Window::SetFocus() {
 }
 
 bool Window::TakesInput() const {
-  return IsLoaded() && visible_ && Enabled() && HasDesktop() && !desktop().IsBoxOpen() &&
-         !desktop().IsEnding() && !desktop().focus().IsBlocked(*this);
+  return IsLoaded() && visible_ && Enabled() && HasDesktop() && !desktop().IsEnding() &&
+         !desktop().IsBlocked(*this);
 }
 
 // --- properties
@@ -232,15 +251,23 @@ Control* Window::NextInTabOrder(const Control* control, bool backward) const {
 // --- what the user did
 
 void Window::AsUserEvent(const std::function<void()>& body) {
+  if (!desktop().KeepsInput(*this)) return AsUserEventAtOnce(body);
+  desktop().KeepInput(*this, [body, window = weak_from_this()] {
+    const auto alive = window.lock();
+    if (alive && alive->IsLoaded() && !desktop().IsBlocked(*alive)) alive->AsUserEventAtOnce(body);
+  });
+}
+
+void Window::AsUserEventAtOnce(const std::function<void()>& body) {
   const auto keep = weak_from_this().lock();
-  desktop().Handle(EventKind::User, body);
+  desktop().Handle(EventKind::User, body, this);
 }
 
 void Window::UserClose() {
-  const bool blocked = desktop().IsBoxOpen() || desktop().focus().IsBlocked(*this);
-  if (!IsLoaded() || !visible_ || blocked) return;
+  if (!IsLoaded() || !visible_ || desktop().IsBlocked(*this)) return;
   if (kind_ == Kind::Dialog && ClickButton([](const Button& b) { return b.Cancel(); })) return;
-  AsUserEvent([this] { Unload(); });
+  const auto close = [this] { Unload(); };
+  return kind_ == Kind::Main ? AsUserEventAtOnce(close) : AsUserEvent(close);
 }
 
 void Window::UserActivate() {

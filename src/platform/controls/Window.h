@@ -64,6 +64,8 @@ class Window : public Container, public Observed, public std::enable_shared_from
   bool IsLoaded() const { return stage_ != Stage::Unloaded; }
   bool IsVisible() const { return visible_; }
   bool IsModal() const { return modal_; }
+  // The moment (Desktop::NextMoment) at which it was last brought onto the screen; 0: never.
+  unsigned OpenedAt() const { return openedAt_; }
 
   void Load();
   void Show();
@@ -102,8 +104,11 @@ class Window : public Container, public Observed, public std::enable_shared_from
   // instead; 0 when it is used up.
   int UserKeyPress(int code);
 
-  // Runs `body` as one event of the user; the window lives until it has returned.
+  // Runs `body` as one event of the user; the window lives until it has returned. While the
+  // window's input is held, the body is kept until then.
   void AsUserEvent(const std::function<void()>& body);
+  // The same for one of the ways out (closing, logging off), which are served at once.
+  void AsUserEventAtOnce(const std::function<void()>& body);
   // A panel of the main window was shown, hidden or sized.
   void PanelChanged(const class Panel& panel);
 
@@ -149,6 +154,7 @@ class Window : public Container, public Observed, public std::enable_shared_from
   Stage stage_ = Stage::Unloaded;
   bool visible_ = false;
   bool modal_ = false;
+  unsigned openedAt_ = 0;
   bool resized_ = false;  // Form_Resize has been raised once
   int frameWidth_ = 0;
   int frameHeight_ = 0;

@@ -121,11 +121,11 @@ class BehaviourTest : public ::testing::Test {
     EXPECT_FALSE(user->Stalled()) << "the program waited for what could never come";
   }
 
-  static Shell& TheShell() { return desktop().FormObject<Shell>(); }
-  static FormOne& One() { return desktop().FormObject<FormOne>(); }
-  static FormTwo& Two() { return desktop().FormObject<FormTwo>(); }
-  static DialogOne& Dialog() { return desktop().FormObject<DialogOne>(); }
-  static DialogTwo& Inner() { return desktop().FormObject<DialogTwo>(); }
+  static Shell& TheShell() { return *desktop().FormObject<Shell>(); }
+  static FormOne& One() { return *desktop().FormObject<FormOne>(); }
+  static FormTwo& Two() { return *desktop().FormObject<FormTwo>(); }
+  static DialogOne& Dialog() { return *desktop().FormObject<DialogOne>(); }
+  static DialogTwo& Inner() { return *desktop().FormObject<DialogTwo>(); }
 
   // Runs the statements as one event, and serves all that follows from it.
   void Do(std::function<void()> statements, EventKind kind = EventKind::Program) {

@@ -52,7 +52,7 @@ class ControlBehaviour : public BehaviourTest {
     Do([] { All().Show(); });
     Take();
   }
-  static FormAll& All() { return desktop().FormObject<FormAll>(); }
+  static FormAll& All() { return *desktop().FormObject<FormAll>(); }
   // The number of the run-time failure that the statements end in; 0 for none.
   static int FailureOf(const std::function<void()>& statements) {
     try {

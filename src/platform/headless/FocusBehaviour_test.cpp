@@ -77,7 +77,7 @@ TEST_F(FocusBehaviour, SetFocusOnWhatCannotHaveItIsNothing) {
     One().txtB.SetFocus();
     One().txtC.SetFocus();
     Two().txtA.SetFocus();  // not loaded
-    Form<FormTwo>().Hide();
+    Form<FormTwo>()->Hide();
     Take();
     Two().txtA.SetFocus();  // loaded, hidden
   });

@@ -129,15 +129,41 @@ void HeadlessBackend::RunUntilIdle() {
   }
 }
 
+// --- boxes and dialogs
+
+// Serves events until it is answered, or the program ends.
+HeadlessBox HeadlessBackend::KeepOpen(HeadlessBox box) {
+  if (answersAtOnce) {
+    const bool ok = (box.message.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kOkOnly;
+    box.answer = ok ? MessageBoxAnswer::Ok : MessageBoxAnswer::Yes;
+    box.printer = choosesPrinter;
+    return box;
+  }
+  openBoxes.push_back(&box);
+  while (!box.answered && !ended) {
+    if (!desktop().ServeOne()) ServeToolkit(Serve::Waiting);
+  }
+  openBoxes.pop_back();
+  return box;
+}
+
+HeadlessBox* HeadlessBackend::BoxInFront() const {
+  return openBoxes.empty() || !desktop().IsBoxInFront() ? nullptr : openBoxes.back();
+}
+
 MessageBoxAnswer HeadlessBackend::ShowMessageBox(const MessageBoxRequest& request) {
   messageBoxes.push_back(request);
   if (onMessageBox) return onMessageBox(request);
-  const bool ok = (request.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kOkOnly;
-  return ok ? MessageBoxAnswer::Ok : MessageBoxAnswer::Yes;
+  return KeepOpen({HeadlessBox::Kind::Message, request}).answer;
 }
 
 void HeadlessBackend::PopUp(MenuItem& menu) {
-  if (onPopUp) onPopUp(menu);
+  if (onPopUp) return onPopUp(menu);
+  KeepOpen({HeadlessBox::Kind::PopUp, {}, &menu});
+}
+
+bool HeadlessBackend::ChoosePrinter() {
+  return KeepOpen({HeadlessBox::Kind::Printer}).printer;
 }
 
 std::unique_ptr<Transport> HeadlessBackend::MakeTransport() {
@@ -154,16 +180,19 @@ bool HeadlessBackend::ActivateCopy(const std::string& title) {
 }
 
 std::optional<std::uint32_t> HeadlessBackend::ChooseColour(std::uint32_t present) {
-  return onColourDialog ? onColourDialog(present) : std::nullopt;
+  if (onColourDialog) return onColourDialog(present);
+  return KeepOpen({HeadlessBox::Kind::Colour}).colour;
 }
 
 std::optional<quorvel::Font> HeadlessBackend::ChooseFont(const quorvel::Font& present) {
-  return onFontDialog ? onFontDialog(present) : std::nullopt;
+  if (onFontDialog) return onFontDialog(present);
+  return KeepOpen({HeadlessBox::Kind::Font}).font;
 }
 
 std::optional<std::string> HeadlessBackend::ChooseFile(const FileDialog& dialog) {
   fileDialogs.push_back(dialog);
-  return onFileDialog ? onFileDialog(dialog) : std::nullopt;
+  if (onFileDialog) return onFileDialog(dialog);
+  return KeepOpen({HeadlessBox::Kind::File}).file;
 }
 
 void HeadlessBackend::SetFont(const std::string& name, double size) {

@@ -35,8 +35,30 @@ class HeadlessLine {
   TransportListener* listener_ = nullptr;  // nullptr once the client has closed
 };
 
-// A desktop without a screen, for tests and fuzzers. It records what happened and answers boxes
-// and dialogs as it is told to.
+// A box, a common dialog or a pop-up menu that is open on a headless desktop, until somebody
+// answers it.
+struct HeadlessBox {
+  enum class Kind { Message, File, Colour, Font, Printer, PopUp };
+  // NOLINTNEXTLINE(google-explicit-constructor): reads as what opens
+  HeadlessBox(Kind what, MessageBoxRequest request = {}, MenuItem* popUp = nullptr)
+      : kind(what), message(std::move(request)), menu(popUp) {}
+
+  Kind kind;
+  MessageBoxRequest message;  // of Kind::Message
+  MenuItem* menu;             // of Kind::PopUp
+  bool answered = false;
+
+  // --- the answer
+  MessageBoxAnswer answer = MessageBoxAnswer::Ok;
+  std::optional<std::string> file;  // none: cancelled
+  std::optional<std::uint32_t> colour;
+  std::optional<quorvel::Font> font;
+  bool printer = false;
+};
+
+// A desktop without a screen, for tests, simulator and fuzzers. It records what happened. Boxes and
+// dialogs stay open, as on a real desktop, until somebody answers them (openBoxes), unless the
+// answers have been given beforehand (answersAtOnce, onMessageBox and its like).
 class HeadlessBackend : public Backend,
                         private Application,
                         private CommonDialogs,
@@ -61,14 +83,17 @@ class HeadlessBackend : public Backend,
   std::map<std::string, std::pair<int, int>> pictureFiles;
   // Answers a fax; by default it is accepted. It may throw.
   std::function<void(std::int32_t& result, std::string& message)> onFax;
-  bool choosesPrinter = false;  // what the user answers in the printer dialog
+  bool choosesPrinter = false;  // what answersAtOnce means for the printer dialog
   std::string printerFont;      // the only one the printer has; empty: it has all
-  // Answers a message box; by default the first button. It may serve events first.
+  // Answers given beforehand; each may serve events first. Without one, what opens stays open.
   std::function<MessageBoxAnswer(const MessageBoxRequest&)> onMessageBox;
-  std::function<std::optional<std::string>(const FileDialog&)> onFileDialog;  // default: cancel
-  std::function<std::optional<std::uint32_t>(std::uint32_t)> onColourDialog;  // default: cancel
-  std::function<std::optional<quorvel::Font>(const quorvel::Font&)> onFontDialog;  // the same
+  std::function<std::optional<std::string>(const FileDialog&)> onFileDialog;
+  std::function<std::optional<std::uint32_t>(std::uint32_t)> onColourDialog;
+  std::function<std::optional<quorvel::Font>(const quorvel::Font&)> onFontDialog;
   std::function<void(MenuItem&)> onPopUp;
+  // Those without an answer of their own are left at once: message boxes by their first button, all
+  // else by a cancel.
+  bool answersAtOnce = false;
   std::function<void(const std::string& commandLine, ProgramWindow)> onStart;
   std::function<void()> onPaint;  // the toolkit is told to paint
   // Called while a wait has nothing to serve: lets the far side act. True when something came of
@@ -90,6 +115,9 @@ class HeadlessBackend : public Backend,
   std::vector<std::shared_ptr<HeadlessLine>> lines;  // connections opened, oldest first
   bool ended = false;
   bool stalled = false;
+  std::vector<HeadlessBox*> openBoxes;  // what opened last comes last
+  // The one that takes the input of the user; nullptr while a window does.
+  HeadlessBox* BoxInFront() const;
 
   // Serves events until there are none.
   void RunUntilIdle();
@@ -126,7 +154,7 @@ class HeadlessBackend : public Backend,
   std::optional<std::string> ChooseFile(const FileDialog& dialog) override;
   std::optional<std::uint32_t> ChooseColour(std::uint32_t present) override;
   std::optional<quorvel::Font> ChooseFont(const quorvel::Font& present) override;
-  bool ChoosePrinter() override { return choosesPrinter; }
+  bool ChoosePrinter() override;
   std::string Text() override { return clipboardText; }
   void SetText(const std::string& text) override { clipboardText = text; }
   void Clear() override { clipboardText.clear(); }
@@ -141,6 +169,8 @@ class HeadlessBackend : public Backend,
   std::shared_ptr<const Picture> ReadPicture(const std::string& path) override;
   void SendFax(const FaxJob& job, std::int32_t& result, std::string& message,
                std::int32_t& extra) override;
+
+  HeadlessBox KeepOpen(HeadlessBox box);
 
   std::string title_ = "Quorvel GUI";
   std::string fontName_;

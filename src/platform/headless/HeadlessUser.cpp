@@ -39,8 +39,32 @@ void InsertInto(TextBox& box, char c) {
 
 }  // namespace
 
+// Now, or kept for the end of a wait.
+void HeadlessUser::Do(Control& control, const std::function<void(Control&)>& act) {
+  if (control.IsWayOut) return act(control);
+  desktop().TakeInput(control.window(), [act, &control, window = control.window().weak_from_this()] {
+    const auto alive = window.lock();
+    if (alive && alive->IsLoaded()) act(control);
+  });
+}
+
+void HeadlessUser::Click(Control& control) {
+  Do(control, [](Control& meant) { meant.UserClick(); });
+}
+
+void HeadlessUser::DoubleClick(Control& control) {
+  Do(control, [](Control& meant) { meant.UserDblClick(); });
+}
+
+void HeadlessUser::RightClick(Control& control) {
+  Do(control, [](Control& meant) { meant.UserMouseDown(MouseButton::Right); });
+}
+
 void HeadlessUser::Type(const std::string& text) {
-  for (const char c : text) TypeOne(c);
+  for (const char c : text) {
+    if (Window* front = desktop().focus().Front())
+      desktop().TakeInput(*front, [this, c] { TypeOne(c); });
+  }
 }
 
 bool HeadlessUser::KeyDown(KeyEvent key) {
@@ -85,7 +109,15 @@ void HeadlessUser::TypeOne(char c) {
 }
 
 void HeadlessUser::Press(KeyCode key, int shift) {
-  if (key == KeyCode::Return && shift == kNoShift) return TypeOne('\r');
+  Window* front = desktop().focus().Front();
+  if (!front) return;
+  desktop().TakeInput(*front, [this, key, shift] {
+    if (key == KeyCode::Return && shift == kNoShift) return TypeOne('\r');
+    PressOne(key, shift);
+  });
+}
+
+void HeadlessUser::PressOne(KeyCode key, int shift) {
   if (!KeyDown({static_cast<int>(key), shift})) return;
   Control* target = desktop().focus().KeyTarget();
   if (!target) return;

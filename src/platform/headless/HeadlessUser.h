@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/controls/Window.h"
@@ -16,15 +17,17 @@ class HeadlessUser {
   // Types characters; line ends are Enter.
   void Type(const std::string& text);
   void Press(KeyCode key, int shift = kNoShift);
-  void Click(Control& control) { control.UserClick(); }
-  void DoubleClick(Control& control) { control.UserDblClick(); }
+  void Click(Control& control);
+  void DoubleClick(Control& control);
   // Presses the mouse on a row, moves to another and releases it there.
   void Drag(ListBox& list, int from, int to);
-  void RightClick(Control& control) { control.UserMouseDown(MouseButton::Right); }
+  void RightClick(Control& control);
 
  private:
+  void Do(Control& control, const std::function<void(Control&)>& act);
   bool KeyDown(KeyEvent key);
   void TypeOne(char c);
+  void PressOne(KeyCode key, int shift);
 };
 
 }  // namespace quorvel

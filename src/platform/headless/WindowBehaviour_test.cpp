@@ -239,12 +239,12 @@ TEST_F(ClosingBehaviour, FormsByNameAreLoadedByUseAndFreshAfterUnload) {
     One().Unload();
     EXPECT_EQ(LoadedForm<FormOne>(), nullptr);
     EXPECT_EQ(Take(), Entries{}) << "none of these loads it";
-    Form<FormOne>().txtA.Text = "first";
+    Form<FormOne>()->txtA.Text = "first";
     EXPECT_FALSE(One().IsVisible());
-    EXPECT_EQ(Form<FormOne>().txtA.Text(), "first");
+    EXPECT_EQ(Form<FormOne>()->txtA.Text(), "first");
     EXPECT_EQ(Take(), Entries{"One.Load"});
     One().Unload();
-    EXPECT_EQ(Form<FormOne>().txtA.Text(), "");
+    EXPECT_EQ(Form<FormOne>()->txtA.Text(), "");
   });
   EXPECT_EQ(Take(), (Entries{"One.QueryUnload", "One.Unload", "One.Load"}));
 }
@@ -359,7 +359,7 @@ TEST_F(ModalBehaviour, AResizableDialogKeepsTheSizeGivenWhileLoading) {
   struct SizedDialog : JournalForm {
     SizedDialog() : JournalForm(Kind::Dialog, "Sized") { Resizable = true; }
   };
-  SizedDialog& dialog = desktop().FormObject<SizedDialog>();
+  SizedDialog& dialog = *desktop().FormObject<SizedDialog>();
   dialog.onLoad = [&] {
     dialog.Width = 7500;
     dialog.Height = 6000;

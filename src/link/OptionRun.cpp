@@ -1,0 +1,44 @@
+#include "link/OptionRun.h"
+
+#include "link/SessionState.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel {
+
+// Others may have taken the place of a request that the host has not answered.
+bool OptionRun::IsUnderWay() const {
+  if (stage_ == Stage::Requested) return Session().PendingOp == "RunOption";
+  return stage_ != Stage::None;
+}
+
+bool OptionRun::DropsAnother() const {
+  if (IsUnderWay()) return true;
+  return desktop().WasGivenBefore(endedAt_) && Session().MenuText == menu_;
+}
+
+void OptionRun::Begin() {
+  stage_ = Stage::LookUp;
+  menu_ = Session().MenuText;
+}
+
+void OptionRun::Request() {
+  stage_ = Stage::Requested;
+  desktop().DeferKeptInput(true);
+}
+
+void OptionRun::SendOption() {
+  if (stage_ == Stage::Requested) stage_ = Stage::Sent;
+}
+
+void OptionRun::HostHasSpoken() {
+  if (stage_ == Stage::Sent) End();
+}
+
+void OptionRun::End() {
+  if (stage_ == Stage::None) return;
+  stage_ = Stage::None;
+  endedAt_ = desktop().NextMoment();
+  desktop().DeferKeptInput(false);
+}
+
+}  // namespace quorvel
