@@ -121,7 +121,7 @@ void mdiMain::mnuExit_Click() {
   if (Session().Connected == 1) {
     if (Session().MenuLoaded == 1) Session().ExitRequested = kTrue;
     if (frmTelnet* terminal = LoadedForm<frmTelnet>()) {
-      terminal->UserIsAsked();
+      terminal->SetUserStays(true);
       terminal->Unload();
     }
   }
@@ -140,6 +140,7 @@ void mdiMain::Form_QueryUnload(bool& cancel) {
   }
   frmTelnet* terminal = LoadedForm<frmTelnet>();
   if (s.Connected != 1 || !terminal) return;
+  terminal->SetUserStays(false);
   const bool logOff = s.ForceOff == 1 || s.MenuLoaded == 1;
   if (terminal->TELNET1.State() == TelnetControl::kConnected && logOff) {
     SendToHost(std::string("OFF") + CR);

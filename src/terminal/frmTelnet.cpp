@@ -173,7 +173,7 @@ void frmTelnet::CloseSession() {
   TELNET1.Close();
   Session().ExitRequested = kFalse;
   Unload();
-  if (Session().QuickExit != 1 || userIsAsked_) return;
+  if (Session().QuickExit != 1 || userStays_) return;
   Session().ConfirmExit = kFalse;
   if (Window* main = Ask().MainWindow()) main->Unload();
 }

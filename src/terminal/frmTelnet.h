@@ -45,8 +45,8 @@ class frmTelnet : public Window {
 
   // Sizes the window to the client area of the main window, and the terminal to the window.
   void FitToMain();
-  // The user is being asked whether to leave the program: his answer counts, not QuickExit.
-  void UserIsAsked() { userIsAsked_ = true; }
+  // While the user is asked whether to leave the program, and if he stays, QuickExit does not count.
+  void SetUserStays(bool stays) { userStays_ = stays; }
 
  protected:
   void Form_Load() override;
@@ -77,7 +77,7 @@ class frmTelnet : public Window {
   void mnuOptCapOff_Click();
   void mnuBookMarks_Click();
 
-  bool userIsAsked_ = false;
+  bool userStays_ = false;
 };
 
 }  // namespace quorvel
