@@ -131,17 +131,17 @@ void HeadlessBackend::RunUntilIdle() {
 
 // --- boxes and dialogs
 
-// Serves events until it is answered, or the program ends.
+// Serves events until it is answered, or the program ends. Where nothing will ever come any more,
+// it is left as it stands: by its first button, or by a cancel.
 HeadlessBox HeadlessBackend::KeepOpen(HeadlessBox box) {
-  if (answersAtOnce) {
-    const bool ok = (box.message.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kOkOnly;
-    box.answer = ok ? MessageBoxAnswer::Ok : MessageBoxAnswer::Yes;
-    box.printer = choosesPrinter;
-    return box;
-  }
+  const bool ok = (box.message.style & MessageBoxStyle::kButtonMask) == MessageBoxStyle::kOkOnly;
+  box.answer = ok ? MessageBoxAnswer::Ok : MessageBoxAnswer::Yes;
+  box.printer = choosesPrinter;
+  if (answersAtOnce) return box;
   openBoxes.push_back(&box);
   while (!box.answered && !ended) {
-    if (!desktop().ServeOne()) ServeToolkit(Serve::Waiting);
+    if (onPaint) onPaint();
+    if (!desktop().ServeOne() && !(onIdle && onIdle())) break;
   }
   openBoxes.pop_back();
   return box;

@@ -58,7 +58,8 @@ struct HeadlessBox {
 
 // A desktop without a screen, for tests, simulator and fuzzers. It records what happened. Boxes and
 // dialogs stay open, as on a real desktop, until somebody answers them (openBoxes), unless the
-// answers have been given beforehand (answersAtOnce, onMessageBox and its like).
+// answers have been given beforehand (answersAtOnce, onMessageBox and its like) or nobody is left
+// to give one.
 class HeadlessBackend : public Backend,
                         private Application,
                         private CommonDialogs,
@@ -83,7 +84,7 @@ class HeadlessBackend : public Backend,
   std::map<std::string, std::pair<int, int>> pictureFiles;
   // Answers a fax; by default it is accepted. It may throw.
   std::function<void(std::int32_t& result, std::string& message)> onFax;
-  bool choosesPrinter = false;  // what answersAtOnce means for the printer dialog
+  bool choosesPrinter = false;  // the answer in the printer dialog that nobody else gives
   std::string printerFont;      // the only one the printer has; empty: it has all
   // Answers given beforehand; each may serve events first. Without one, what opens stays open.
   std::function<MessageBoxAnswer(const MessageBoxRequest&)> onMessageBox;
@@ -91,8 +92,7 @@ class HeadlessBackend : public Backend,
   std::function<std::optional<std::uint32_t>(std::uint32_t)> onColourDialog;
   std::function<std::optional<quorvel::Font>(const quorvel::Font&)> onFontDialog;
   std::function<void(MenuItem&)> onPopUp;
-  // Those without an answer of their own are left at once: message boxes by their first button, all
-  // else by a cancel.
+  // What has no answer of its own is left at once: by its first button, or by a cancel.
   bool answersAtOnce = false;
   std::function<void(const std::string& commandLine, ProgramWindow)> onStart;
   std::function<void()> onPaint;  // the toolkit is told to paint
