@@ -7,8 +7,10 @@
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/ControlPeers.h"
 #include "platform/qt/DialogPeer.h"
+#include "platform/qt/Discarded.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/MainShell.h"
+#include "platform/qt/OwnWidget.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeer.h"
 
@@ -27,10 +29,10 @@ QtWindowPeer::QtWindowPeer(Window& window, QWidget* widget)
 QtWindowPeer::~QtWindowPeer() {
   menus_.reset();
   if (!widget_) return;
-  if (auto* own = dynamic_cast<WindowWidget*>(widget_.data())) own->Abandon();
+  if (auto* own = dynamic_cast<OwnWidget*>(widget_.data())) own->Forget();
   widget_->hide();
   widget_->setObjectName(QString());
-  widget_->deleteLater();  // it may be in one of its own events
+  Discard(widget_);
 }
 
 QWidget* WidgetOf(const Window& window) {
