@@ -100,7 +100,8 @@ void MouseGate::ServePress(QWidget& widget, QMouseEvent& event, Pressed& pressed
   for (const auto& cause : causes) {
     if (peer) cause();
   }
-  ShowKeyboard();
+  // A button that loses the toolkit's focus is not pressed any more.
+  if (!peer || !peer->control().IsWayOut) ShowKeyboard();
 }
 
 void MouseGate::PressCombo(QWidget& widget, QMouseEvent& event, Pressed& pressed) {
@@ -121,8 +122,11 @@ bool MouseGate::Release(QWidget& widget, QMouseEvent& event) {
   const WidgetPeer* peer = WidgetPeer::Around(&widget);
   Window* window = WindowAround(widget);
   if (pressed->delivered) {
-    return LooksOnly(peer, event) ? DeliverAtOnce(*window, widget, event)
-                                  : Deliver(widget, event);
+    const bool wayOut = peer && peer->control().IsWayOut;
+    const bool taken = LooksOnly(peer, event) ? DeliverAtOnce(*window, widget, event)
+                                              : Deliver(widget, event);
+    if (wayOut && HasDesktop()) ShowKeyboard();
+    return taken;
   }
   event.accept();
   const bool dropped = pressed.use_count() == 1;

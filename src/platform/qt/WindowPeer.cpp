@@ -1,5 +1,6 @@
 #include "platform/qt/WindowPeer.h"
 
+#include <QApplication>
 #include <QTimer>
 
 #include "platform/controls/Desktop.h"
@@ -33,6 +34,13 @@ QtWindowPeer::~QtWindowPeer() {
   widget_->hide();
   widget_->setObjectName(QString());
   Discard(widget_);
+}
+
+void KeepBlockedBehind(const Window& window) {
+  QWidget* modal = desktop().IsBlocked(window) ? QApplication::activeModalWidget() : nullptr;
+  if (!modal || modal == WidgetOf(window)) return;
+  modal->raise();
+  modal->activateWindow();
 }
 
 QWidget* WidgetOf(const Window& window) {
@@ -105,8 +113,10 @@ class MainPeer : public QtWindowPeer {
 
   void Built() override {
     QtWindowPeer::Built();
-    Shell().Restack();
-    Shell().TakeSize();
+    if (!Widget()) return;
+    const QPointer<MainShell> shell(&Shell());
+    shell->Restack();
+    if (shell) shell->TakeSize();
   }
   void Update(Prop prop) override {
     if (!Widget()) return;
@@ -115,9 +125,12 @@ class MainPeer : public QtWindowPeer {
       case Prop::Top:
         return Shell().TakePlace();
       case Prop::Width:
-      case Prop::Height:
-        Shell().TakeSize();
-        return Shell().Restack();
+      case Prop::Height: {
+        const QPointer<MainShell> shell(&Shell());
+        shell->TakeSize();  // the window may be gone behind it
+        if (shell) shell->Restack();
+        return;
+      }
       case Prop::Enabled: {
         // Its children are windows of their own.
         Shell().PanelArea()->setEnabled(window_.Enabled());
@@ -128,13 +141,19 @@ class MainPeer : public QtWindowPeer {
     }
   }
   void Show(bool) override {
-    Shell().show();
-    Shell().Restack();
+    if (!Widget()) return;
+    const QPointer<MainShell> shell(&Shell());
+    shell->show();
+    if (shell) shell->Restack();
   }
   void Hide() override {
     if (Widget()) Shell().hide();
   }
-  void Raise() override { Shell().raise(); }
+  void Raise() override {
+    if (!Widget()) return;
+    Shell().raise();
+    KeepBlockedBehind(window_);
+  }
 
  protected:
   QWidget* InsideFor(const Control& control) override {
@@ -201,7 +220,9 @@ class ChildPeer : public QtWindowPeer {
   }
   void Raise() override {
     if (shell_) return Restack();
-    if (Widget()) Widget()->raise();
+    if (!Widget()) return;
+    Widget()->raise();
+    KeepBlockedBehind(window_);
   }
 
  protected:
