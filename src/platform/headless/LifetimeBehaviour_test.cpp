@@ -117,6 +117,8 @@ TEST_F(LifetimeBehaviour, AWindowMayGoWhileItIsSized) {
 
 class OrderBehaviour : public BehaviourTest {
  protected:
+  static constexpr int kUntilSeen = 50;  // ms: the user has to see what has opened first
+
   OrderBehaviour() { ShowOne(); }
 };
 
@@ -124,10 +126,12 @@ TEST_F(OrderBehaviour, AModalWindowOverABoxOverAModalWindow) {
   // Innermost first: a window, over a box, over a window.
   user->Meanwhile([&] { desktop().Post(EventKind::Receive, [] { desktop().MsgBox("between"); }); });
   user->AnswerBox(MessageBoxAnswer::Ok, [&] {
-    user->Meanwhile([&] {
-      user->Type("i");
-      user->Click(Dialog().cmdOK);
-    });
+    user->Meanwhile(
+        [&] {
+          user->Type("i");
+          user->Click(Dialog().cmdOK);
+        },
+        kUntilSeen);
     user->Meanwhile([] {
       Note("Inner has " + Inner().txtA.Text());
       Inner().Unload();
