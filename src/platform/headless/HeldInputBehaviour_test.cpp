@@ -42,8 +42,8 @@ TEST_F(HeldInputBehaviour, KeysAndClicksAreServedInTheirOrderAfterTheWait) {
                  EXPECT_EQ(KeyTarget(), "One.txtA");
                }},
               [&] { EXPECT_EQ(Texts(), nothing); });
-  EXPECT_EQ(Take(), (Entries{"done", "One.txtB.GotFocus", "One.txtC.GotFocus",
-                             "One.cmdOK.GotFocus", "One.cmdOK.Click", "One.cmdOK.Click"}));
+  EXPECT_EQ(Take(), (Entries{"done", "One.txtB.GotFocus", "One.txtC.GotFocus", "One.cmdOK.GotFocus",
+                             "One.cmdOK.Click", "One.cmdOK.Click"}));
   EXPECT_EQ(Texts(), (Entries{"ab", "c", "d"}));
 }
 

@@ -174,8 +174,7 @@ TEST_F(OrderBehaviour, WhatIsNotModalStaysBehindABox) {
 TEST_F(OrderBehaviour, AModalWindowThatGoesUnderItsBoxBlocksNothing) {
   Dialog().cmdOK.Click = [] { desktop().MsgBox("over it"); };
   user->Meanwhile([&] { user->Click(Dialog().cmdOK); });
-  user->AnswerBox(MessageBoxAnswer::Ok,
-                  [&] { Do([] { Dialog().Unload(); }, EventKind::Receive); });
+  user->AnswerBox(MessageBoxAnswer::Ok, [&] { Do([] { Dialog().Unload(); }, EventKind::Receive); });
   Do([] { Dialog().ShowModal(); });
   EXPECT_EQ(LoadedForm<DialogOne>(), nullptr);
   Take();

@@ -123,8 +123,8 @@ bool MouseGate::Release(QWidget& widget, QMouseEvent& event) {
   Window* window = WindowAround(widget);
   if (pressed->delivered) {
     const bool wayOut = peer && peer->control().IsWayOut;
-    const bool taken = LooksOnly(peer, event) ? DeliverAtOnce(*window, widget, event)
-                                              : Deliver(widget, event);
+    const bool taken =
+        LooksOnly(peer, event) ? DeliverAtOnce(*window, widget, event) : Deliver(widget, event);
     if (wayOut && HasDesktop()) ShowKeyboard();
     return taken;
   }
@@ -157,10 +157,9 @@ bool MouseGate::Wheel(QWidget& widget, QWheelEvent& event) {
       peer && peer->control().kind() == ControlKind::ComboBox && peer->control().HasFocus();
   if (!chooses || !desktop().KeepsInput(peer->control().window())) return Deliver(widget, event);
   const std::shared_ptr<QWheelEvent> copy(event.clone());
-  desktop().TakeInput(peer->control().window(),
-                      [this, copy, meant = QPointer<QWidget>(&widget)] {
-                        if (CanTake(meant)) Deliver(*meant, *copy);
-                      });
+  desktop().TakeInput(peer->control().window(), [this, copy, meant = QPointer<QWidget>(&widget)] {
+    if (CanTake(meant)) Deliver(*meant, *copy);
+  });
   event.accept();
   return true;
 }

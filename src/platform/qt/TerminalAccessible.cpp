@@ -62,9 +62,7 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
   QString attributes(int offset, int* start, int* end) const override;
 
   // --- selection
-  int selectionCount() const override {
-    return IsGone() || Own().selection().IsEmpty() ? 0 : 1;
-  }
+  int selectionCount() const override { return IsGone() || Own().selection().IsEmpty() ? 0 : 1; }
   void selection(int index, int* start, int* end) const override {
     *start = *end = 0;
     if (index != 0 || selectionCount() == 0) return;

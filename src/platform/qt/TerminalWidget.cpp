@@ -282,7 +282,7 @@ void TerminalWidget::TellAssistiveTools() {
 TerminalPainter::CursorShape TerminalWidget::ShapeOfCursor() const {
   if (!Screen().CursorVisible()) return TerminalPainter::CursorShape::None;
   return hasFocus() && terminal_->SessionUp() ? TerminalPainter::CursorShape::Block
-                                             : TerminalPainter::CursorShape::Outline;
+                                              : TerminalPainter::CursorShape::Outline;
 }
 
 void TerminalWidget::paintEvent(QPaintEvent* event) {
@@ -398,7 +398,8 @@ void TerminalWidget::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 QVariant TerminalWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
-  if (terminal_ && query == Qt::ImCursorRectangle) return CellRect(CursorRow(), Screen().CursorColumn());
+  if (terminal_ && query == Qt::ImCursorRectangle)
+    return CellRect(CursorRow(), Screen().CursorColumn());
   return QWidget::inputMethodQuery(query);
 }
 
