@@ -37,7 +37,8 @@ class LifetimeBehaviour : public BehaviourTest {
   void WaitWhileUnloaded() {
     bool waiting = true;
     user->Meanwhile([] {
-      desktop().Post(EventKind::Receive, [] {
+      // As the network tells it: from within an event of the toolkit.
+      desktop().Handle(EventKind::Receive, [] {
         Child().Unload();
         Note("unloaded");
       });
