@@ -36,6 +36,10 @@ class BehaviourTestDesktop {
   virtual void PickRow(ListBox& list, int row) = 0;   // from 0
   virtual void PickRow(ListView& list, int row) = 0;  // from 1
   virtual void TurnTo(TabStrip& strip, int page) = 0;
+  // Presses and releases the mouse ahead of a character of a line of text.
+  virtual void ClickInText(TextBox& box, int place) = 0;
+  // Sizes a window by its frame.
+  virtual void Size(Window& window, int width, int height) = 0;
 
   virtual void ServeUntilIdle() = 0;
   // The program waited for something that could never come; it has been ended.

@@ -105,9 +105,13 @@ struct Shell : Window {
   Panel pnlBottom{*this, "pnlBottom"};
   MenuItem mnuStart{*this, "mnuStart", "&Start"};
   int resized = 0;
+  std::function<void()> onResize;
 
  protected:
-  void Form_Resize() override { ++resized; }
+  void Form_Resize() override {
+    ++resized;
+    if (onResize) onResize();
+  }
 };
 
 class BehaviourTest : public ::testing::Test {

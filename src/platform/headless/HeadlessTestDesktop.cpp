@@ -48,10 +48,20 @@ class HeadlessTestDesktop : public BehaviourTestDesktop {
   void ClickMenu(MenuItem& entry) override { entry.UserClick(); }
   void CloseBox(Window& window) override { window.UserClose(); }
   void TurnTo(Window& window) override { window.UserActivate(); }
-  void PickItem(ComboBox& box, int row) override { box.UserPick(row); }
+  void PickItem(ComboBox& box, int row) override {
+    box.UserPress();
+    if (box.HasFocus()) box.UserPick(row);
+  }
   void PickRow(ListBox& list, int row) override { list.UserPick(row); }
   void PickRow(ListView& list, int row) override { list.UserPick(row); }
   void TurnTo(TabStrip& strip, int page) override { strip.UserTab(page); }
+
+  void ClickInText(TextBox& box, int place) override {
+    box.UserSelect(place, 0);
+    box.UserPress();
+    box.UserRelease();
+  }
+  void Size(Window& window, int width, int height) override { window.UserResize(width, height); }
 
   void ServeUntilIdle() override { backend_.RunUntilIdle(); }
   bool Stalled() const override { return backend_.stalled; }

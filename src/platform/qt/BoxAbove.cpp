@@ -5,6 +5,7 @@
 #include <QWindow>
 
 #include "platform/controls/Desktop.h"
+#include "platform/qt/WindowPeer.h"
 
 namespace quorvel {
 
@@ -19,10 +20,15 @@ BoxAbove::BoxAbove(QDialog* box, QWidget* shell)
 }
 
 BoxAbove::~BoxAbove() {
+  const bool ends = !HasDesktop() || desktop().IsEnding();
+  const Window* front = ends ? nullptr : desktop().focus().Front();
+  // Meanwhile another window may have come to the front, behind the box.
+  QWidget* next = QApplication::activeModalWidget();
+  if (!next && front && WidgetOf(*front)) next = WidgetOf(*front)->window();
+  if (!next) next = below_;
   const QWidget* now = QApplication::activeWindow();
-  if (below_ && below_->isVisible() && (!now || !now->isVisible())) below_->activateWindow();
-  if (!HasDesktop() || desktop().IsEnding()) return;
-  const Window* front = desktop().focus().Front();
+  if (next && next->isVisible() && (!now || !now->isVisible())) next->activateWindow();
+  if (ends) return;
   const Control* control = front ? front->ActiveControl() : nullptr;
   if (control && control->peer()) control->peer()->ShowFocus();
 }

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QResizeEvent>
 #include <QTimer>
+#include <QWindow>
 #include <utility>
 
 #include "platform/controls/Desktop.h"
@@ -61,7 +62,9 @@ class DialogWidget : public WindowWidget {
     if (!window_) return;
     const QSize whole = frameGeometry().size();
     const QSize frame = whole - size();
+    const QPointer<DialogWidget> self(this);
     window_->AdoptFrame(ToTwips(frame.width()), ToTwips(frame.height() + BarHeight(width())));
+    if (!self || !window_) return;  // its new size has closed it
     const bool known = ToPixels(window_->Width()) == whole.width() &&
                        ToPixels(window_->Height()) == whole.height();
     if (known) return;
@@ -80,8 +83,10 @@ class DialogWidget : public WindowWidget {
     // The window system puts the frame on behind our back.
     if (event->type() == QEvent::Show) {
       QTimer::singleShot(0, this, [this] {
+        const QPointer<DialogWidget> self(this);
+        if (!window_) return;
         if (wantedAtShow_.isValid()) SetSizeWithFrame(std::exchange(wantedAtShow_, QSize()));
-        TellSize();
+        if (self) TellSize();
       });
     }
     return WindowWidget::event(event);
@@ -110,11 +115,13 @@ class DialogWidget : public WindowWidget {
     SetSize(wanted - (frameGeometry().size() - size()));
   }
   void SetSize(const QSize& wanted) {
+    const QPointer<DialogWidget> self(this);
     if (window_ && !window_->Resizable) {
       setFixedSize(wanted.expandedTo(QSize(1, 1)));
     } else {
       resize(wanted);
     }
+    if (!self || !window_) return;  // its new size has closed it
     const int barHeight = BarHeight(width());
     inside->setGeometry(0, barHeight, width(), std::max(0, height() - barHeight));
     if (bar_) bar_->setGeometry(0, 0, width(), barHeight);
@@ -136,6 +143,7 @@ class DialogPeer : public QtWindowPeer {
   }
 
   void Built() override {
+    if (!Widget()) return;
     if (!window_.layout().empty()) {
       LayOut(window_, *Own().inside);
       Own().TakeSizeOfRows();
@@ -157,26 +165,45 @@ class DialogPeer : public QtWindowPeer {
     }
   }
   void Show(bool modal) override {
-    Own().setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
-    Own().PlaceIfNobodyHas();
-    Own().show();
+    if (!Widget()) return;
+    const QPointer<DialogWidget> own(&Own());
+    const auto modality = modal ? Qt::ApplicationModal : Qt::NonModal;
+    if (own->isVisible() && own->windowModality() != modality) own->hide();  // it counts when shown
+    own->setWindowModality(modality);
+    own->PlaceIfNobodyHas();
+    StandAbove(modal ? QApplication::activeModalWidget() : nullptr);
+    own->show();
+    if (!own || !own->Owner()) return;
+    if (modal) own->raise();
+    KeepBlockedBehind(window_);
   }
   void Hide() override {
     if (!Widget()) return;
     auto* below = dynamic_cast<WindowWidget*>(Widget()->parentWidget());
     const bool wasActive = Widget()->isActiveWindow();
     Widget()->hide();
-    if (below && wasActive && !QApplication::activeModalWidget()) below->activateWindow();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (wasActive && modal) modal->activateWindow();
+    if (wasActive && below && !modal) below->activateWindow();
   }
   void Raise() override {
+    if (!Widget()) return;
     Own().raise();
-    Own().activateWindow();
+    if (!desktop().IsBlocked(window_)) Own().activateWindow();
+    KeepBlockedBehind(window_);
   }
 
  protected:
   QWidget* InsideFor(const Control&) override { return Own().inside; }
 
  private:
+  // For the window system: above what is modal already, a box for one, else above its parent.
+  void StandAbove(const QWidget* modal) {
+    const QWidget* below = modal && modal != Widget() ? modal : Widget()->parentWidget();
+    if (modal) Own().winId();  // makes its native half
+    if (!below || !Own().windowHandle()) return;
+    Own().windowHandle()->setTransientParent(below->window()->windowHandle());
+  }
   DialogWidget& Own() { return *static_cast<DialogWidget*>(Widget()); }
 };
 

@@ -32,6 +32,12 @@ class RowsModel : public QAbstractListModel {
   RowsModel(std::function<std::size_t()> count, std::function<Row(std::size_t)> row)
       : count_(std::move(count)), row_(std::move(row)) {}
 
+  // The control goes; the view may live a little longer, with nothing to show.
+  void Forget() {
+    count_ = [] { return std::size_t{0}; };
+    Refresh();
+  }
+
   int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : known_; }
   QVariant data(const QModelIndex& index, int role) const override {
     const auto row = static_cast<std::size_t>(index.row());
@@ -57,10 +63,18 @@ class RowsModel : public QAbstractListModel {
 class ListPeer : public WidgetPeer {
  public:
   ListPeer(Control& control, QWidget* widget, std::unique_ptr<RowsModel> model)
-      : WidgetPeer(control, widget), model_(std::move(model)) {
+      : WidgetPeer(control, widget), model_(model.release()) {
+    model_->setParent(widget);
     refresh_.setSingleShot(true);
     connect(&refresh_, &QTimer::timeout, this, [this] { RefreshNow(); });
   }
+  ~ListPeer() override {
+    if (!model_) return;
+    const Mirror mirror(*this);
+    model_->Forget();
+  }
+  ListPeer(const ListPeer&) = delete;
+  ListPeer& operator=(const ListPeer&) = delete;
 
  protected:
   RowsModel& model() { return *model_; }
@@ -70,7 +84,7 @@ class ListPeer : public WidgetPeer {
   }
   bool RefreshIsDue() const { return due_; }
   void RefreshNow() {
-    if (!due_) return;
+    if (!due_ || !model_) return;
     due_ = false;
     const Mirror mirror(*this);
     model_->Refresh();
@@ -93,7 +107,7 @@ class ListPeer : public WidgetPeer {
   }
 
  private:
-  const std::unique_ptr<RowsModel> model_;
+  const QPointer<RowsModel> model_;
   QTimer refresh_;
   bool due_ = false;
 };
@@ -127,6 +141,13 @@ class ComboPeer : public ListPeer {
     });
     UpdateAll();
   }
+  ~ComboPeer() override {
+    QLineEdit* line = Widget() ? Own()->lineEdit() : nullptr;
+    if (line) line->disconnect(this);
+    if (Widget()) Own()->disconnect(this);
+  }
+  ComboPeer(const ComboPeer&) = delete;
+  ComboPeer& operator=(const ComboPeer&) = delete;
   void Apply(Prop prop) override {
     switch (prop) {
       case Prop::Items:
@@ -205,7 +226,7 @@ class RowsPeer : public ListPeer {
     Own()->setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(Own()->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
       const QModelIndexList rows = Own()->selectionModel()->selectedIndexes();
-      if (!Mirroring() && !rows.isEmpty()) doings_.pick(rows.first().row());
+      if (!Mirroring() && !rows.isEmpty()) PickBehindPress(rows.first().row());
     });
     landing_ = new QFrame(Own()->viewport());
     landing_->setFrameStyle(QFrame::HLine | QFrame::Plain);
@@ -213,9 +234,17 @@ class RowsPeer : public ListPeer {
     landing_->setForegroundRole(QPalette::Text);
     landing_->setAttribute(Qt::WA_TransparentForMouseEvents);
     landing_->hide();
-    connect(Own(), &QListView::doubleClicked, this, [this] { this->control().UserDblClick(); });
+    connect(Own(), &QListView::doubleClicked, this,
+            [this] { BehindPress([this] { this->control().UserDblClick(); }); });
     UpdateAll();
   }
+  ~RowsPeer() override {
+    if (!Widget()) return;
+    Own()->selectionModel()->disconnect(this);
+    Own()->disconnect(this);
+  }
+  RowsPeer(const RowsPeer&) = delete;
+  RowsPeer& operator=(const RowsPeer&) = delete;
   void Apply(Prop prop) override {
     if (prop == Prop::Items) RowsChanged();
     if (prop == Prop::ListIndex && !RefreshIsDue()) ShowState();
@@ -241,7 +270,7 @@ class RowsPeer : public ListPeer {
     if (event->type() == QEvent::FocusIn) {
       QTimer::singleShot(0, this, [this] {
         const Mirror mirror(*this);
-        if (doings_.selected() < 0) Own()->selectionModel()->clearCurrentIndex();
+        if (Widget() && doings_.selected() < 0) Own()->selectionModel()->clearCurrentIndex();
       });
     }
     if (event->type() == QEvent::KeyPress) {
@@ -281,12 +310,19 @@ class RowsPeer : public ListPeer {
       Own()->setCurrentIndex(model().index(row));
       if (!self) return;
       pressed_ = row;
-      control().UserMouseDown(MouseButton::Left);
+      BehindPress([this] { control().UserMouseDown(MouseButton::Left); });
     } else if (event.type() == QEvent::MouseButtonRelease && left() && pressed_ >= 0) {
       pressed_ = -1;
       landing_->hide();
       control().UserMouseUp(MouseButton::Left);
     }
+  }
+  // What the selection causes comes behind the press; the rows may have changed by then.
+  void PickBehindPress(int row) {
+    BehindPress([this, row] {
+      const bool stays = Widget() && Own()->selectionModel()->isRowSelected(row, {});
+      if (stays) doings_.pick(row);
+    });
   }
   int RowAt(const QEvent& event) {
     return Own()->indexAt(static_cast<const QMouseEvent&>(event).position().toPoint()).row();

@@ -52,14 +52,18 @@ MainShell::MainShell(Window& window)
 // --- size
 
 void MainShell::TakePlace() {
+  if (!window_) return;
   const QPoint place(ToPixels(window_->Left()), ToPixels(window_->Top()));
   if (pos() != place) move(place);
 }
 
 void MainShell::TakeSize() {
+  if (!window_) return;
   const QSize frame = frameGeometry().size() - size();
   const QSize wanted(ToPixels(window_->Width()), ToPixels(window_->Height()));
+  const QPointer<MainShell> self(this);  // sizing is told to the program, which may close all
   if (frameGeometry().size() != wanted && !isMaximized() && !isFullScreen()) resize(wanted - frame);
+  if (!self) return;
   Arrange();
   TellSize();
 }
@@ -85,11 +89,13 @@ void MainShell::TellSize() {
   if (!window_ || !window_->peer()) return;
   const QSize whole = frameGeometry().size();
   const QSize frame = whole - size();
+  const QPointer<MainShell> self(this);
   window_->AdoptFrame(ToTwips(frame.width()), ToTwips(frame.height() + bar_->height()));
+  if (!self || !window_) return;  // its new size has closed it
   // The size that the window has asked for, give or take its rounding to pixels, is no news.
   const bool asked =
       ToPixels(window_->Width()) == whole.width() && ToPixels(window_->Height()) == whole.height();
-  if (window_ && !asked) window_->UserResize(ToTwips(whole.width()), ToTwips(whole.height()));
+  if (!asked) window_->UserResize(ToTwips(whole.width()), ToTwips(whole.height()));
 }
 
 bool MainShell::event(QEvent* event) {
@@ -104,8 +110,9 @@ void MainShell::resizeEvent(QResizeEvent*) {
 }
 
 void MainShell::moveEvent(QMoveEvent*) {
-  if (!window_) return;
+  const QPointer<MainShell> self(this);
   TellSize();
+  if (!self || !window_) return;
   if (ToPixels(window_->Left()) == x() && ToPixels(window_->Top()) == y()) return;
   window_->UserMove(ToTwips(x()), ToTwips(y()));
 }

@@ -3,6 +3,7 @@
 #include "platform/controls/Control.h"
 #include "platform/controls/Window.h"
 #include "platform/qt/Accessibility.h"
+#include "platform/qt/Discarded.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeer.h"
 
@@ -21,7 +22,7 @@ MenuSet::~MenuSet() {
   for (const auto& [item, action] : actions_) action->disconnect(action);
   if (!holder_) return;
   for (QAction* action : bar_) action->setVisible(false);
-  holder_->deleteLater();
+  Discard(holder_);
 }
 
 QAction* MenuSet::Make(MenuItem& item) {

@@ -84,7 +84,8 @@ QtBackend::QtBackend(int argc, char** argv) : argc_(argc), app_(argc_, argv) {
 }
 
 QtBackend::~QtBackend() {
-  // Widgets that were to be deleted later: there is no later.
+  // What was to be deleted later: there is no later.
+  app_.discarded().DeleteAll();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   RemoveAccessibility();
 }

@@ -20,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/headless/BehaviourTestDesktop.h"
+#include "platform/qt/Looks.h"
 #include "platform/qt/QtBackend.h"
 #include "platform/qt/Text.h"
 
@@ -192,6 +193,17 @@ class QtTestDesktop : public BehaviourTestDesktop {
     auto* row = backend_.WidgetOf(strip)->findChild<QTabBar*>();
     ASSERT_TRUE(row);
     if (row->isTabVisible(page)) ClickAt(row, row->tabRect(page).center());
+  }
+
+  void ClickInText(TextBox& box, int place) override {
+    auto* line = qobject_cast<QLineEdit*>(backend_.WidgetOf(box));
+    ASSERT_TRUE(line) << box.CodeName() << " is no line of text";
+    QPoint at(1, line->height() / 2);
+    while (at.x() < line->width() && line->cursorPositionAt(at) < place) ++at.rx();
+    ClickAt(line, at);
+  }
+  void Size(Window& window, int width, int height) override {
+    backend_.WidgetOf(window)->resize(ToPixels(width), ToPixels(height));
   }
 
   void ServeUntilIdle() override {

@@ -302,6 +302,7 @@ void ReportWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ReportWidget::wheelEvent(QWheelEvent* event) {
+  if (!view_) return;
   const QPoint pixels = event->pixelDelta();
   const QPoint notches = event->angleDelta();
   const bool sideways = (event->modifiers() & Qt::ShiftModifier) != 0 ||
@@ -323,9 +324,6 @@ class ReportPeer : public WidgetPeer {
  public:
   ReportPeer(ReportView& view, QWidget* parent) : WidgetPeer(view, new ReportWidget(view, parent)) {
     UpdateAll();
-  }
-  ~ReportPeer() override {
-    if (Widget()) Own().Forget();
   }
   void Apply(Prop prop) override { Own().TakeChange(prop); }
 

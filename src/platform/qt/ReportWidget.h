@@ -6,6 +6,7 @@
 
 #include "platform/controls/ReportView.h"
 #include "platform/controls/TextSearch.h"
+#include "platform/qt/OwnWidget.h"
 #include "platform/qt/TerminalFont.h"
 
 namespace quorvel {
@@ -13,7 +14,7 @@ namespace quorvel {
 // Paints the lines of a report: only those that can be seen, and of these only the columns that can
 // be seen, so that neither a million lines nor a line of a million characters costs anything.
 // Scrolls by pixels.
-class ReportWidget : public QAbstractScrollArea {
+class ReportWidget : public QAbstractScrollArea, public OwnWidget {
  public:
   ReportWidget(ReportView& view, QWidget* parent);
 
@@ -21,8 +22,7 @@ class ReportWidget : public QAbstractScrollArea {
   void TakeChange(Prop prop);
   // The line that the keyboard is on, for screen readers.
   QString CurrentLine() const;
-  // The control goes; its widget may live a little longer.
-  void Forget() { view_ = nullptr; }
+  void Forget() override { view_ = nullptr; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -73,10 +73,15 @@ class TabPeer : public WidgetPeer {
       : WidgetPeer(strip, new TabHolder(parent)), strip_(strip) {
     Row().installEventFilter(this);
     connect(&Row(), &QTabBar::currentChanged, this, [this](int page) {
-      if (!Mirroring()) strip_.UserTab(page);
+      if (!Mirroring()) BehindPress([this, page] { strip_.UserTab(page); });
     });
     UpdateAll();
   }
+  ~TabPeer() override {
+    if (Widget()) Row().disconnect(this);
+  }
+  TabPeer(const TabPeer&) = delete;
+  TabPeer& operator=(const TabPeer&) = delete;
   void Apply(Prop prop) override {
     if (prop == Prop::Tabs) {
       ShowTabs();

@@ -33,24 +33,26 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
   }
 
   // --- text
-  int characterCount() const override { return Rows() * LineLength() - 1; }
+  int characterCount() const override { return IsGone() ? 0 : Rows() * LineLength() - 1; }
   QString text(int start, int end) const override {
     const int count = characterCount();
     const int from = std::clamp(start, 0, count);
     return All().mid(from, std::clamp(end, from, count) - from);
   }
   int cursorPosition() const override {
+    if (IsGone()) return 0;
     const vt::Screen& screen = Emulation().screen();
     const int row = screen.CursorRow() + Emulation().ScrollbackCount() - Own().FirstLine();
     return std::min(row * LineLength() + screen.CursorColumn(), characterCount());
   }
   void setCursorPosition(int) override {}  // the host's
   QRect characterRect(int offset) const override {
-    if (offset < 0 || offset > characterCount()) return {};
+    if (IsGone() || offset < 0 || offset > characterCount()) return {};
     const QRect cell = Own().CellRect(offset / LineLength(), offset % LineLength());
     return QRect(Own().mapToGlobal(cell.topLeft()), cell.size());
   }
   int offsetAtPoint(const QPoint& point) const override {
+    if (IsGone()) return -1;
     const QPoint place = Own().mapFromGlobal(point);
     if (!Own().rect().contains(place)) return -1;
     const QPoint cell = Own().CellAt(place);
@@ -60,7 +62,7 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
   QString attributes(int offset, int* start, int* end) const override;
 
   // --- selection
-  int selectionCount() const override { return Own().selection().IsEmpty() ? 0 : 1; }
+  int selectionCount() const override { return IsGone() || Own().selection().IsEmpty() ? 0 : 1; }
   void selection(int index, int* start, int* end) const override {
     *start = *end = 0;
     if (index != 0 || selectionCount() == 0) return;
@@ -69,18 +71,19 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
   }
   void addSelection(int start, int end) override { setSelection(0, start, end); }
   void removeSelection(int index) override {
-    if (index != 0) return;
+    if (IsGone() || index != 0) return;
     Own().selection().Clear();
     Own().ReportSelection();
   }
   void setSelection(int index, int start, int end) override {
-    if (index != 0) return;
+    if (IsGone() || index != 0) return;
     Own().selection().Set(PlaceOf(start), PlaceOf(end));
     Own().ReportSelection();
   }
 
   QString All() const {
     QString all;
+    if (IsGone()) return all;
     all.reserve(qsizetype{Rows()} * LineLength());
     for (int row = 0; row < Rows(); ++row) {
       if (row > 0) all += u'\n';
@@ -93,8 +96,10 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
   QString announced;
 
  private:
+  // The control has gone, and its widget lives a little longer.
+  bool IsGone() const { return !Own().terminal(); }
   TerminalWidget& Own() const { return *static_cast<TerminalWidget*>(widget()); }
-  const vt::Emulator& Emulation() const { return Own().terminal().emulation(); }
+  const vt::Emulator& Emulation() const { return Own().terminal()->emulation(); }
   int Rows() const { return Emulation().screen().Rows(); }
   int LineLength() const { return Emulation().screen().Columns() + 1; }
   int OffsetOf(TerminalSelection::Place place) const {
@@ -111,7 +116,7 @@ class TerminalAccessible : public QAccessibleWidget, public QAccessibleTextInter
 // The run of equal attributes around `offset`, in the notation of IAccessible2's text attributes.
 QString TerminalAccessible::attributes(int offset, int* start, int* end) const {
   *start = *end = 0;
-  if (offset < 0 || offset > characterCount()) return {};
+  if (IsGone() || offset < 0 || offset > characterCount()) return {};
   const int row = offset / LineLength();
   const vt::Line line = Emulation().LineAt(Own().FirstLine() + row);
   const int columns = static_cast<int>(line.cells.size());
@@ -123,7 +128,7 @@ QString TerminalAccessible::attributes(int offset, int* start, int* end) const {
   while (last < columns && at(last) == at(column)) ++last;
   *start = row * LineLength() + first;
   *end = row * LineLength() + last;
-  const auto pair = TerminalColours(Own().terminal()).Of(at(column));
+  const auto pair = TerminalColours(*Own().terminal()).Of(at(column));
   const auto rgb = [](const QColor& colour) {
     return QString("rgb(%1,%2,%3)").arg(colour.red()).arg(colour.green()).arg(colour.blue());
   };

@@ -16,6 +16,7 @@
 #include "platform/qt/Keyboard.h"
 #include "platform/qt/TerminalAccessible.h"
 #include "platform/qt/Text.h"
+#include "platform/qt/WidgetPeer.h"
 
 namespace quorvel {
 namespace {
@@ -34,6 +35,29 @@ constexpr int kWheelStep = 120;  // eighths of a degree, the unit of QWheelEvent
 constexpr int kThirdClickDistance = 8;
 
 using Unit = TerminalSelection::Unit;
+
+// What is shown, and what the user does there.
+bool NeedsTerminal(QEvent::Type type) {
+  switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+    case QEvent::InputMethodQuery:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::Resize:
+    case QEvent::Paint:
+    case QEvent::Timer:
+      return true;
+    default:
+      return false;
+  }
+}
 
 bool IsOfUser(QEvent::Type type) {
   switch (type) {
@@ -54,7 +78,7 @@ bool IsOfUser(QEvent::Type type) {
 
 TerminalWidget::TerminalWidget(Terminal& terminal, QWidget* parent)
     : QWidget(parent),
-      terminal_(terminal),
+      terminal_(&terminal),
       bar_(Qt::Vertical, this),
       font_(TerminalFont::Fit(terminal.Font(), {}, 1, 1)),
       selection_(terminal.emulation()) {
@@ -67,7 +91,14 @@ TerminalWidget::TerminalWidget(Terminal& terminal, QWidget* parent)
   bar_.setObjectName(QStringLiteral("scrollBack"));
   bar_.setAccessibleName(QStringLiteral("Scroll-back"));
   connect(&bar_, &QScrollBar::valueChanged, this, [this](int value) { ScrollTo(value); });
-  terminal_.emulation().TakeDirty();
+  terminal_->emulation().TakeDirty();
+}
+
+void TerminalWidget::Forget() {
+  for (QBasicTimer* timer : {&blink_, &dragScroll_, &news_, &frame_}) timer->stop();
+  bar_.disconnect(this);
+  outputWaits_ = false;
+  terminal_ = nullptr;
 }
 
 // --- places
@@ -75,7 +106,7 @@ TerminalWidget::TerminalWidget(Terminal& terminal, QWidget* parent)
 vt::LineAttribute TerminalWidget::AttributeOf(int row) const {
   const int screenRow = row - back_;
   if (screenRow >= 0 && screenRow < Screen().Rows()) return Screen().LineAttributeAt(screenRow);
-  return terminal_.emulation().LineAt(FirstLine() + row).attribute;
+  return terminal_->emulation().LineAt(FirstLine() + row).attribute;
 }
 
 QRect TerminalWidget::CellRect(int row, int column) const {
@@ -106,7 +137,7 @@ int TerminalWidget::CursorRow() const {
 
 void TerminalWidget::FitFont() {
   const QSize area(width() - bar_.sizeHint().width() - 2 * kMargin, height() - 2 * kMargin);
-  font_ = TerminalFont::Fit(terminal_.Font(), area, Screen().Columns(), Screen().Rows());
+  font_ = TerminalFont::Fit(terminal_->Font(), area, Screen().Columns(), Screen().Rows());
   update();
 }
 
@@ -118,7 +149,7 @@ void TerminalWidget::resizeEvent(QResizeEvent*) {
 }
 
 void TerminalWidget::FitScrollBar() {
-  const int lines = terminal_.emulation().ScrollbackCount();
+  const int lines = terminal_->emulation().ScrollbackCount();
   back_ = std::clamp(back_, 0, lines);
   const QSignalBlocker quiet(bar_);
   bar_.setRange(0, lines);
@@ -127,7 +158,7 @@ void TerminalWidget::FitScrollBar() {
 }
 
 void TerminalWidget::ScrollTo(int firstLine) {
-  const int lines = terminal_.emulation().ScrollbackCount();
+  const int lines = terminal_->emulation().ScrollbackCount();
   const int back = std::clamp(lines - firstLine, 0, lines);
   if (back == back_) return;
   back_ = back;
@@ -188,7 +219,7 @@ void TerminalWidget::TakeWaitingOutput() {
 
 void TerminalWidget::TakeOutput() {
   outputWaits_ = false;
-  const vt::DirtyRows dirty = terminal_.emulation().TakeDirty();
+  const vt::DirtyRows dirty = terminal_->emulation().TakeDirty();
   FollowScrolling(dirty);
   DropChangedSelection(dirty);
   if (dirty.resized) FitFont();
@@ -209,14 +240,14 @@ void TerminalWidget::TakeOutput() {
 // the newest lines seen.
 void TerminalWidget::FollowScrolling(const vt::DirtyRows& dirty) {
   if (dirty.scrolledOff == 0 && dirty.dropped == 0 && !dirty.resized) return;
-  const std::int64_t lines = terminal_.emulation().ScrollbackCount();
+  const std::int64_t lines = terminal_->emulation().ScrollbackCount();
   if (dirty.dropped > 0) {
     selection_.LinesDropped(static_cast<int>(std::min<std::int64_t>(dirty.dropped, INT_MAX / 2)));
   }
   if (back_ > 0) {
     const std::int64_t linesBefore = lines - dirty.scrolledOff + dirty.dropped;
     const std::int64_t first = linesBefore - back_ - dirty.dropped;
-    back_ = terminal_.KeepScrolledView()
+    back_ = terminal_->KeepScrolledView()
                 ? static_cast<int>(std::clamp<std::int64_t>(lines - first, 0, lines))
                 : 0;
     if (lines - back_ != first) update();
@@ -227,7 +258,7 @@ void TerminalWidget::FollowScrolling(const vt::DirtyRows& dirty) {
 // What has been selected is what reads selected: if the host writes over it, it is no more.
 void TerminalWidget::DropChangedSelection(const vt::DirtyRows& dirty) {
   if (selection_.IsEmpty()) return;
-  const int first = terminal_.emulation().ScrollbackCount();
+  const int first = terminal_->emulation().ScrollbackCount();
   bool touched = dirty.resized;
   for (int line = std::max(first, selection_.From().line); line <= selection_.To().line; ++line) {
     const int row = line - first;
@@ -238,7 +269,7 @@ void TerminalWidget::DropChangedSelection(const vt::DirtyRows& dirty) {
   update();
   // In the middle of the host's output nobody is told; the user's side of things comes after it.
   desktop().Post(EventKind::User, [self = QPointer<TerminalWidget>(this)] {
-    if (self && self->selection_.IsEmpty()) self->terminal_.UserSelect({});
+    if (self && self->terminal_ && self->selection_.IsEmpty()) self->terminal_->UserSelect({});
   });
 }
 
@@ -250,8 +281,8 @@ void TerminalWidget::TellAssistiveTools() {
 
 TerminalPainter::CursorShape TerminalWidget::ShapeOfCursor() const {
   if (!Screen().CursorVisible()) return TerminalPainter::CursorShape::None;
-  return hasFocus() && terminal_.SessionUp() ? TerminalPainter::CursorShape::Block
-                                             : TerminalPainter::CursorShape::Outline;
+  return hasFocus() && terminal_->SessionUp() ? TerminalPainter::CursorShape::Block
+                                              : TerminalPainter::CursorShape::Outline;
 }
 
 void TerminalWidget::paintEvent(QPaintEvent* event) {
@@ -261,7 +292,7 @@ void TerminalWidget::paintEvent(QPaintEvent* event) {
   QElapsedTimer clock;
   clock.start();
   QPainter painter(this);
-  const TerminalColours colours(terminal_);
+  const TerminalColours colours(*terminal_);
   const QRegion& region = event->region();
   for (const QRect& part : region) painter.fillRect(part, colours.Back());
   for (int row = 0; row < Screen().Rows(); ++row) {
@@ -277,7 +308,7 @@ void TerminalWidget::paintEvent(QPaintEvent* event) {
 
 void TerminalWidget::PaintRow(QPainter& painter, const TerminalColours& colours, int row) {
   const int absolute = FirstLine() + row;
-  const vt::Line line = terminal_.emulation().LineAt(absolute);
+  const vt::Line line = terminal_->emulation().LineAt(absolute);
   const QPoint corner(kMargin, kMargin + row * font_.CellHeight());
   const TerminalPainter rowPainter(painter, colours, font_, blinkOff_);
   const bool blinks = rowPainter.PaintLine(
@@ -328,6 +359,7 @@ void TerminalWidget::timerEvent(QTimerEvent* event) {
 // --- keys
 
 bool TerminalWidget::event(QEvent* event) {
+  if (!terminal_) return !NeedsTerminal(event->type()) && QWidget::event(event);
   if (IsOfUser(event->type())) TakeWaitingOutput();
   if (event->type() == QEvent::ShortcutOverride) {
     // All keys are the host's, but those that open the menus.
@@ -339,7 +371,7 @@ bool TerminalWidget::event(QEvent* event) {
 }
 
 void TerminalWidget::keyPressEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat() && !terminal_.emulation().AutoRepeat()) return;
+  if (event->isAutoRepeat() && !terminal_->emulation().AutoRepeat()) return;
   const bool shift = (event->modifiers() & Qt::ShiftModifier) != 0;
   if (shift && (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown)) {
     const int page = std::max(1, Screen().Rows() - 1);
@@ -349,11 +381,11 @@ void TerminalWidget::keyPressEvent(QKeyEvent* event) {
   const auto key = ToTerminalKey(*event);
   const std::string text = key ? std::string() : ToTerminalText(*event);
   if (!key && text.empty()) return QWidget::keyPressEvent(event);
-  ScrollTo(terminal_.emulation().ScrollbackCount());  // what is typed is seen
+  ScrollTo(terminal_->emulation().ScrollbackCount());  // what is typed is seen
   if (key) {
-    terminal_.UserKey(key->key, key->modifiers);
+    terminal_->UserKey(key->key, key->modifiers);
   } else {
-    terminal_.UserText(text);
+    terminal_->UserText(text);
   }
 }
 
@@ -361,12 +393,13 @@ void TerminalWidget::inputMethodEvent(QInputMethodEvent* event) {
   composed_ = event->preeditString();
   UpdateRow(CursorRow());
   const std::string text = ToTypedBytes(event->commitString());
-  if (!text.empty()) terminal_.UserText(text);
+  if (!text.empty()) terminal_->UserText(text);
   event->accept();
 }
 
 QVariant TerminalWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
-  if (query == Qt::ImCursorRectangle) return CellRect(CursorRow(), Screen().CursorColumn());
+  if (terminal_ && query == Qt::ImCursorRectangle)
+    return CellRect(CursorRow(), Screen().CursorColumn());
   return QWidget::inputMethodQuery(query);
 }
 
@@ -392,7 +425,7 @@ void TerminalWidget::ReportSelection() {
     const auto length = static_cast<std::size_t>(selected.length);
     clipboard->setText(ToUnicode(selected.text.substr(start, length)), QClipboard::Selection);
   }
-  terminal_.UserSelect(selected);
+  terminal_->UserSelect(selected);
 }
 
 void TerminalWidget::StartSelection(const QPoint& point, Unit unit) {
@@ -410,16 +443,16 @@ void TerminalWidget::StartSelection(const QPoint& point, Unit unit) {
 void TerminalWidget::PastePrimarySelection() {
   const QClipboard* const clipboard = QGuiApplication::clipboard();
   if (!clipboard->supportsSelection()) return;
-  ScrollTo(terminal_.emulation().ScrollbackCount());
-  terminal_.UserPaste(ToTypedBytes(clipboard->text(QClipboard::Selection)));
+  ScrollTo(terminal_->emulation().ScrollbackCount());
+  terminal_->UserPaste(ToTypedBytes(clipboard->text(QClipboard::Selection)));
 }
 
 void TerminalWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::MiddleButton) return PastePrimarySelection();
   if (event->button() != Qt::LeftButton) return;
-  const QPointer<TerminalWidget> self(this);
-  terminal_.UserClick();
-  if (!self) return;  // the click's handler has closed the window
+  if (WidgetPeer* peer = WidgetPeer::Around(this)) {
+    peer->BehindPress([peer] { peer->control().UserRelease(); });
+  }
   pointer_ = event->position().toPoint();
   const bool third = QDateTime::currentMSecsSinceEpoch() - lastDoubleClickTime_ <
                          QApplication::doubleClickInterval() &&
@@ -458,7 +491,7 @@ void TerminalWidget::mouseReleaseEvent(QMouseEvent* event) {
   selecting_ = false;
   dragScroll_.stop();
   // A click that selects nothing where nothing was selected is no news.
-  if (!selection_.IsEmpty() || terminal_.selection().length > 0) ShowSelection();
+  if (!selection_.IsEmpty() || terminal_->selection().length > 0) ShowSelection();
 }
 
 void TerminalWidget::wheelEvent(QWheelEvent* event) {

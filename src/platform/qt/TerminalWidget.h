@@ -6,6 +6,7 @@
 #include <bitset>
 
 #include "platform/controls/TerminalControl.h"
+#include "platform/qt/OwnWidget.h"
 #include "platform/qt/TerminalFont.h"
 #include "platform/qt/TerminalPainter.h"
 #include "platform/qt/TerminalSelection.h"
@@ -15,16 +16,19 @@ namespace quorvel {
 // Shows the screen of a terminal control and reports what the user does there: keys, the selection,
 // scrolling back. The grid of cells takes the biggest size, up to the setting's, at which all of it
 // is seen; only rows that have changed are painted again, at most once a frame.
-class TerminalWidget : public QWidget {
+class TerminalWidget : public QWidget, public OwnWidget {
  public:
   TerminalWidget(Terminal& terminal, QWidget* parent);
 
   // A property of the control has changed, or (Prop::Screen) the host has written.
   void TakeChange(Prop prop);
 
-  Terminal& terminal() const { return terminal_; }
+  void Forget() override;
+
+  // nullptr when the control has gone; nothing of what follows may be asked then.
+  Terminal* terminal() const { return terminal_; }
   // Absolute line (0 is the oldest of the scroll-back) that is shown uppermost.
-  int FirstLine() const { return terminal_.emulation().ScrollbackCount() - back_; }
+  int FirstLine() const { return terminal_->emulation().ScrollbackCount() - back_; }
   // Where a column of a line is, in widget coordinates; rows count from the uppermost one shown.
   QRect CellRect(int row, int column) const;
   // Column (x) and row (y) at a place, kept inside the grid.
@@ -50,7 +54,7 @@ class TerminalWidget : public QWidget {
   void timerEvent(QTimerEvent* event) override;
 
  private:
-  const vt::Screen& Screen() const { return terminal_.emulation().screen(); }
+  const vt::Screen& Screen() const { return terminal_->emulation().screen(); }
   vt::LineAttribute AttributeOf(int row) const;
   int CursorRow() const;  // among the rows shown
   TerminalPainter::CursorShape ShapeOfCursor() const;
@@ -72,7 +76,7 @@ class TerminalWidget : public QWidget {
   void ShowSelection();
   void PastePrimarySelection();
 
-  Terminal& terminal_;
+  Terminal* terminal_;
   QScrollBar bar_;
   TerminalFont font_;
   TerminalSelection selection_;

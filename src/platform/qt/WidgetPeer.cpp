@@ -3,13 +3,17 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QMouseEvent>
+#include <unordered_map>
+#include <utility>
 
 #include "platform/controls/Desktop.h"
 #include "platform/controls/SimpleControls.h"
 #include "platform/controls/TabStrip.h"
 #include "platform/qt/Accessibility.h"
+#include "platform/qt/Discarded.h"
 #include "platform/qt/GridBoxes.h"
 #include "platform/qt/Looks.h"
+#include "platform/qt/OwnWidget.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WindowPeer.h"
 
@@ -33,6 +37,11 @@ bool IsOnHiddenPage(Control& control) {
 bool IsPlacedByShell(Control& control) {
   return control.kind() == ControlKind::Panel && static_cast<Panel&>(control).AlignBottom &&
          control.window().kind() == Window::Kind::Main;
+}
+
+std::unordered_map<const QWidget*, WidgetPeer*>& Peers() {
+  static std::unordered_map<const QWidget*, WidgetPeer*> peers;
+  return peers;
 }
 
 // Kinds whose widgets tell nothing of clicks themselves.
@@ -59,7 +68,28 @@ QWidget* WidgetOf(const Control& control) {
   return control.peer() ? static_cast<WidgetPeer*>(control.peer())->Widget() : nullptr;
 }
 
-WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), widget_(widget) {
+WidgetPeer* WidgetPeer::Around(const QWidget* widget) {
+  for (const QWidget* at = widget; at; at = at->parentWidget()) {
+    const auto found = Peers().find(at);
+    if (found != Peers().end()) return found->second;
+    if (at->isWindow()) break;
+  }
+  return nullptr;
+}
+
+std::vector<std::function<void()>> WidgetPeer::EndPress() {
+  --presses_;
+  return std::exchange(causes_, {});
+}
+
+void WidgetPeer::BehindPress(std::function<void()> cause) {
+  if (presses_ == 0) return cause();
+  causes_.push_back(std::move(cause));
+}
+
+WidgetPeer::WidgetPeer(Control& control, QWidget* widget)
+    : control_(control), widget_(widget), key_(widget) {
+  Peers()[widget] = this;
   widget->setObjectName(ToUnicode(control.CodeName()));
   widget->installEventFilter(this);
   if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) {
@@ -72,13 +102,16 @@ WidgetPeer::WidgetPeer(Control& control, QWidget* widget) : control_(control), w
 // The widget may be in one of its own events. Only what is heard here is disconnected: the toolkit
 // hears of the widget's end by a signal, and else keeps its accessible object for good.
 WidgetPeer::~WidgetPeer() {
+  const auto known = Peers().find(key_);
+  if (known != Peers().end() && known->second == this) Peers().erase(known);
   if (!widget_) return;
   widget_->removeEventFilter(this);
   widget_->disconnect(this);
+  if (auto* own = dynamic_cast<OwnWidget*>(widget_.data())) own->Forget();
   widget_->hide();
   widget_->setObjectName(QString());
+  Discard(widget_);
   widget_->setParent(nullptr);
-  widget_->deleteLater();
 }
 
 void WidgetPeer::UpdateAll() {
@@ -168,12 +201,6 @@ void WidgetPeer::ShowFocus() {
 
 bool WidgetPeer::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
-    case QEvent::FocusIn:
-      // The other reasons are the toolkit's own: switching programs, menus, lists that pop up.
-      if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason && !Mirroring()) {
-        control_.UserFocus();
-      }
-      return false;
     case QEvent::ContextMenu:
       return control_.MouseDown != nullptr;  // the press has been served
     case QEvent::MouseButtonPress:
@@ -195,7 +222,7 @@ bool WidgetPeer::TakeMouse(QEvent& event) {
   if (event.type() == QEvent::MouseButtonDblClick) {
     control_.UserDblClick();
   } else if (widget_->rect().contains(mouse.position().toPoint())) {
-    control_.UserClick();
+    control_.UserRelease();  // the press has given it the keyboard
   }
   return false;
 }

@@ -2,8 +2,10 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/controls/Control.h"
 #include "platform/controls/Window.h"
@@ -22,6 +24,13 @@ class WidgetPeer : public QObject, public ControlPeer {
 
   QWidget* Widget() const { return widget_; }
   Control& control() const { return control_; }
+  // The peer of the control whose widget is, or is around, this one; nullptr for none.
+  static WidgetPeer* Around(const QWidget* widget);
+  // Between these two a press of the mouse is delivered; what it causes comes behind it.
+  void BeginPress() { ++presses_; }
+  std::vector<std::function<void()>> EndPress();
+  // Does `cause` now, or behind the press that is being delivered.
+  void BehindPress(std::function<void()> cause);
   // Brings the widget's accessible name and description up to date.
   void Describe();
 
@@ -48,7 +57,10 @@ class WidgetPeer : public QObject, public ControlPeer {
 
   Control& control_;
   QPointer<QWidget> widget_;
+  const QWidget* const key_;  // in the list of all peers
   int mirroring_ = 0;
+  int presses_ = 0;
+  std::vector<std::function<void()>> causes_;
 };
 
 // The widget of a control whose window is loaded; nullptr otherwise.

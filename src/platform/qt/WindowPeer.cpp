@@ -1,5 +1,6 @@
 #include "platform/qt/WindowPeer.h"
 
+#include <QApplication>
 #include <QTimer>
 
 #include "platform/controls/Desktop.h"
@@ -7,8 +8,10 @@
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/ControlPeers.h"
 #include "platform/qt/DialogPeer.h"
+#include "platform/qt/Discarded.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/MainShell.h"
+#include "platform/qt/OwnWidget.h"
 #include "platform/qt/Text.h"
 #include "platform/qt/WidgetPeer.h"
 
@@ -27,10 +30,17 @@ QtWindowPeer::QtWindowPeer(Window& window, QWidget* widget)
 QtWindowPeer::~QtWindowPeer() {
   menus_.reset();
   if (!widget_) return;
-  if (auto* own = dynamic_cast<WindowWidget*>(widget_.data())) own->Abandon();
+  if (auto* own = dynamic_cast<OwnWidget*>(widget_.data())) own->Forget();
   widget_->hide();
   widget_->setObjectName(QString());
-  widget_->deleteLater();  // it may be in one of its own events
+  Discard(widget_);
+}
+
+void KeepBlockedBehind(const Window& window) {
+  QWidget* modal = desktop().IsBlocked(window) ? QApplication::activeModalWidget() : nullptr;
+  if (!modal || modal == WidgetOf(window)) return;
+  modal->raise();
+  modal->activateWindow();
 }
 
 QWidget* WidgetOf(const Window& window) {
@@ -103,8 +113,10 @@ class MainPeer : public QtWindowPeer {
 
   void Built() override {
     QtWindowPeer::Built();
-    Shell().Restack();
-    Shell().TakeSize();
+    if (!Widget()) return;
+    const QPointer<MainShell> shell(&Shell());
+    shell->Restack();
+    if (shell) shell->TakeSize();
   }
   void Update(Prop prop) override {
     if (!Widget()) return;
@@ -113,9 +125,12 @@ class MainPeer : public QtWindowPeer {
       case Prop::Top:
         return Shell().TakePlace();
       case Prop::Width:
-      case Prop::Height:
-        Shell().TakeSize();
-        return Shell().Restack();
+      case Prop::Height: {
+        const QPointer<MainShell> shell(&Shell());
+        shell->TakeSize();  // the window may be gone behind it
+        if (shell) shell->Restack();
+        return;
+      }
       case Prop::Enabled: {
         // Its children are windows of their own.
         Shell().PanelArea()->setEnabled(window_.Enabled());
@@ -126,13 +141,19 @@ class MainPeer : public QtWindowPeer {
     }
   }
   void Show(bool) override {
-    Shell().show();
-    Shell().Restack();
+    if (!Widget()) return;
+    const QPointer<MainShell> shell(&Shell());
+    shell->show();
+    if (shell) shell->Restack();
   }
   void Hide() override {
     if (Widget()) Shell().hide();
   }
-  void Raise() override { Shell().raise(); }
+  void Raise() override {
+    if (!Widget()) return;
+    Shell().raise();
+    KeepBlockedBehind(window_);
+  }
 
  protected:
   QWidget* InsideFor(const Control& control) override {
@@ -199,7 +220,9 @@ class ChildPeer : public QtWindowPeer {
   }
   void Raise() override {
     if (shell_) return Restack();
-    if (Widget()) Widget()->raise();
+    if (!Widget()) return;
+    Widget()->raise();
+    KeepBlockedBehind(window_);
   }
 
  protected:

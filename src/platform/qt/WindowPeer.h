@@ -56,6 +56,9 @@ class QtWindowPeer : public WindowPeer {
 // its client area, dialogs above it. The main window's own peer sets it.
 std::unique_ptr<WindowPeer> MakeWindowPeer(Window& window, QPointer<MainShell>& shell);
 
+// A window that a box or a modal window blocks has been shown or raised: it is not to cover that.
+void KeepBlockedBehind(const Window& window);
+
 // The widget of a loaded window; nullptr otherwise.
 QWidget* WidgetOf(const Window& window);
 

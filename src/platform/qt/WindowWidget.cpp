@@ -5,6 +5,7 @@
 #include <QTimer>
 
 #include "platform/controls/Desktop.h"
+#include "platform/qt/WindowPeer.h"
 
 namespace quorvel {
 
@@ -24,6 +25,7 @@ bool WindowWidget::event(QEvent* event) {
 void WindowWidget::NoticeTurn() {
   if (!window_ || !HasDesktop() || !isActiveWindow() || !window_->IsLoaded()) return;
   Window* met = Met();
+  if (desktop().IsBlocked(met ? *met : *window_)) return KeepBlockedBehind(*window_);
   if (met && desktop().focus().Front() != met) met->UserActivate();
 }
 

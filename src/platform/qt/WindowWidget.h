@@ -4,17 +4,18 @@
 
 #include "platform/controls/Window.h"
 #include "platform/qt/InputGate.h"
+#include "platform/qt/OwnWidget.h"
 
 namespace quorvel {
 
 // A top-level widget of a window of the program. Closing it is the window's own business, and so is
 // every travel of the keyboard: the toolkit moves its focus for the mouse only.
-class WindowWidget : public QWidget, public OwnWindow {
+class WindowWidget : public QWidget, public OwnWindow, public OwnWidget {
  public:
   WindowWidget(Window& window, QWidget* parent, Qt::WindowFlags flags);
 
-  // The window's object is going; the widget may still be in one of its own events.
-  void Abandon() { window_ = nullptr; }
+  Window* Owner() const override { return window_; }
+  void Forget() override { window_ = nullptr; }
 
  protected:
   bool event(QEvent* event) override;
