@@ -22,9 +22,14 @@ class Verdict {
     if (!failure_) failure_ = Failure{rule, seen};
   }
   const std::optional<Failure>& failure() const { return failure_; }
+  // The story has met a known limit of the protocol and is not told to its end.
+  void Excuse(const std::string& why) { excuse_ = why; }
+  const std::string& excuse() const { return excuse_; }
+  bool IsOver() const { return failure_ || !excuse_.empty(); }
 
  private:
   std::optional<Failure> failure_;
+  std::string excuse_;
 };
 
 }  // namespace quorvel::sim

@@ -24,6 +24,8 @@ class HostEnd {
   void Receive(std::string_view bytes);
   // Each element a write; in the order in which they are to go out.
   std::vector<std::string> TakeWrites();
+  // Whether a request has come behind typed text, which no host can tell from more of it.
+  bool HasLostRequest() const { return requests_.HasLost(); }
   bool HasEnded() const { return session_.Ended(); }
   const demohost::HostSession& Session() const { return session_; }
 

@@ -37,6 +37,8 @@ class Network {
   // The host's session; nullptr while there is no line.
   const demohost::HostSession* Session() const;
 
+  bool HasLostRequest() const { return line_ && line_->host && line_->host->HasLostRequest(); }
+
   // A frame that the host sends out of turn.
   void Inject(const std::string& frame);
   void LoseNow();

@@ -96,6 +96,12 @@ void Operator::AnswerForTheEnd(const OpenBox& box) {
   hands_.AnswerBox(reply);
 }
 
+void Operator::EndProgram(int turn) {
+  static constexpr const char* kEntries[] = {".", "Q", "", "OFF"};
+  hands_.Type(kEntries[static_cast<std::size_t>(turn) % std::size(kEntries)]);
+  hands_.Press(KeyCode::Return);
+}
+
 // --- the menu
 
 void Operator::WorkInMenu(Random& dice) {

@@ -25,6 +25,8 @@ class Operator {
   void Do(const Act& act);
   // The box in front is answered so that nothing more comes of it, but for the ways out.
   void AnswerForTheEnd(const OpenBox& box);
+  // One of the entries that end programs of the host, each in its turn.
+  void EndProgram(int turn);
 
  private:
   friend struct WorkRow;

@@ -25,7 +25,10 @@ std::string LineOf(const Story& story) {
 
 std::optional<Failure> Player::PlayOne(const Story& story, const Teller& tell) {
   watchdog_.Begin(std::string(RowOf(story.kind).name) + " " + std::to_string(story.seed));
-  return Simulation(place_, story, tell).Run();
+  Simulation simulation(place_, story, tell);
+  const auto failure = simulation.Run();
+  excuse_ = simulation.Excuse();
+  return failure;
 }
 
 Story Player::StoryOf(std::uint64_t seed) const {
@@ -52,6 +55,7 @@ bool Player::Take(const Story& story) {
   ++played_[kind];
   const Teller tell = options_.trace ? Teller(print_) : Teller();
   const auto failure = PlayOne(story, tell);
+  if (!excuse_.empty()) ++excuses_[excuse_];
   if (!failure) return true;
   const int before = failures_[kind + ", " + failure->rule + ": " + failure->seen]++;
   if (before == 0) Report(story, *failure);
@@ -91,6 +95,9 @@ void Player::ReportRate(double seconds) {
   char rate[32];
   std::snprintf(rate, sizeof rate, "%.0f", seconds > 0 ? all / seconds : 0.0);
   print_(std::to_string(all) + " stories, " + rate + " a second:" + kinds);
+  for (const auto& [why, count] : excuses_) {
+    print_(std::to_string(count) + " not told to the end: " + why);
+  }
   for (const auto& [what, count] : failures_) print_(std::to_string(count) + " x " + what);
 }
 

@@ -70,6 +70,8 @@ void LoginRule::OnTyped(const std::string& text) {
 
 bool LoginRule::IsLoginLine(const std::string& line) const {
   const SessionState& s = Session();
+  // The setting asks for it, wherever the user logs off.
+  if (s.ForceOff == 1 && line == "OFF") return true;
   return !s.LoginUser.empty() && (line == s.LoginUser || line == s.LoginPassword);
 }
 

@@ -29,12 +29,17 @@ class RequestReader {
   // The text between the marks of a request that this byte completes.
   std::optional<std::string> Feed(char byte);
   // Whether a request has begun and not ended.
-  bool IsInside() const { return state_ != State::Line && state_ != State::LineStart; }
+  bool IsInside() const {
+    return state_ == State::Marked || state_ == State::Request || state_ == State::Closed;
+  }
+  // A request has begun behind typed text: to the host that is the delete key and more text.
+  bool HasLost() const { return lost_; }
 
  private:
-  enum class State { LineStart, Line, Marked, Request, Closed };
+  enum class State { LineStart, Line, Behind, Marked, Request, Closed };
   State state_ = State::LineStart;
   std::string text_;
+  bool lost_ = false;
 };
 
 // Finds the frames of the host in what the client gets.

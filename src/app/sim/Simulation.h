@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -44,8 +43,8 @@ class Simulation {
 
   // What went wrong; nothing when all rules held to the end.
   std::optional<Failure> Run();
-  // Steps of the story so far, for whoever watches that it goes on.
-  std::uint64_t Steps() const { return steps_; }
+  // Why it was not told to its end; empty when it was.
+  const std::string& Excuse() const { return verdict_.excuse(); }
 
  private:
   bool Next();
@@ -58,6 +57,7 @@ class Simulation {
   void PerformFault(const Act& act);
   bool GoOnToTheEnd();
   bool LeaveWindow();
+  bool LeaveProgram();
   bool IsInWait() const;
   void Tell(const std::string& line) const;
 
@@ -77,6 +77,7 @@ class Simulation {
   int injected_ = 0;
   int lastActs_ = 0;     // those of the way to the end
   int leavingActs_ = 0;  // those of them since all was quiet
+  int programActs_ = 0;  // entries that are to end the host's program
 };
 
 }  // namespace quorvel::sim
