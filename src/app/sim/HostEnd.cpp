@@ -49,6 +49,8 @@ void HostEnd::Receive(std::string_view bytes) {
 }
 
 void HostEnd::TakeRequest(const std::string& text) {
+  // A return of the client may have closed a box of the host in place of ending a typed line.
+  lost_ = lost_ || !session_.IsAtLineStart();
   if (Refuses(text)) {
     heldBack_.clear();
     // What the session has to say was said before.

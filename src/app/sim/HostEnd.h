@@ -25,7 +25,7 @@ class HostEnd {
   // Each element a write; in the order in which they are to go out.
   std::vector<std::string> TakeWrites();
   // Whether a request has come behind typed text, which no host can tell from more of it.
-  bool HasLostRequest() const { return requests_.HasLost(); }
+  bool HasLostRequest() const { return lost_ || requests_.HasLost(); }
   bool HasEnded() const { return session_.Ended(); }
   const demohost::HostSession& Session() const { return session_; }
 
@@ -41,6 +41,7 @@ class HostEnd {
   std::string heldBack_;  // of a request that is not complete
   std::vector<std::string> refusals_;
   std::uint64_t count_ = 0;
+  bool lost_ = false;
 };
 
 }  // namespace quorvel::sim

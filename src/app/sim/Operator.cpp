@@ -98,6 +98,12 @@ void Operator::AnswerForTheEnd(const OpenBox& box) {
 
 void Operator::EndProgram(int turn) {
   static constexpr const char* kEntries[] = {".", "Q", "", "OFF"};
+  auto* menu = LoadedForm<frmSubMenu>();
+  auto* terminal = LoadedForm<frmTelnet>();
+  if (menu && menu->TakesInput() && desktop().focus().Front() == menu) {
+    return hands_.Click(menu->cmdTcl);
+  }
+  if (terminal && desktop().focus().Front() != terminal) hands_.TurnTo(*terminal);
   hands_.Type(kEntries[static_cast<std::size_t>(turn) % std::size(kEntries)]);
   hands_.Press(KeyCode::Return);
 }

@@ -167,10 +167,8 @@ bool Simulation::GoOnToTheEnd() {
 // A program of the host in the terminal is ended by its own words; it would take the line of the
 // log-off for its input.
 bool Simulation::LeaveProgram() {
-  const Window* front = desktop_->focus().Front();
   const demohost::HostSession* host = network_.Session();
-  const bool atProgram = host && host->IsInProgram() && front && front->Name() == "frmTelnet";
-  if (!atProgram || programActs_ >= kMostProgramActs) return false;
+  if (!host || !host->IsInProgram() || programActs_ >= kMostProgramActs) return false;
   --leavingActs_;
   operator_.EndProgram(programActs_++);
   return true;

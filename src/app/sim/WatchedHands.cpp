@@ -1,10 +1,24 @@
 #include "app/sim/WatchedHands.h"
 
+#include "link/Records.h"
+#include "link/SessionState.h"
+#include "platform/RuntimeError.h"
+
 namespace quorvel::sim {
 namespace {
 
 std::string NameOf(Control& control) {
   return control.window().Name() + "." + control.CodeName();
+}
+
+// What a command button is going to send.
+std::string CommandOf(const Control& button) {
+  std::string text;
+  Try([&] {
+    text = ExpandCommandString(
+        Session().ButtonCommands.at(static_cast<std::size_t>(button.Index())));
+  });
+  return text;
 }
 
 }  // namespace
@@ -16,6 +30,7 @@ void WatchedHands::Tell(const std::string& what) {
 void WatchedHands::Click(Control& control) {
   Tell("clicks " + NameOf(control));
   if (NameOf(control) == "frmEntry.cmdSave") rules_.OnSaveClicked();
+  if (control.Name() == "cmdButton") rules_.OnTyped(CommandOf(control));
   hands_.Click(control);
 }
 

@@ -45,7 +45,7 @@ std::string ConfigurationOf(const Setting& setting) {
   text += setting.forceOff ? "\r\nForceOff=1" : "\r\nForceOff=0";
   text += "\r\n[LOGIN]\r\n";
   if (setting.automaticLogin) text += "UserId=demo\r\nPwd=demo\r\n";
-  text += "[BUTTONS]\r\nLabel0=Menu\r\nCommand0=^M\r\n";
+  text += "[BUTTONS]\r\nLabel0=Menu\r\nCommand0=^[13]\r\n";
   return text;
 }
 
