@@ -113,6 +113,12 @@ class EntryTest : public FarEndTest {
     if (onRequest) {
       if (const auto own = onRequest(f)) return *own;
     }
+    return UsualAnswer(f);
+  }
+
+ protected:
+  // What the host says to a request that nobody else has an answer to.
+  std::string UsualAnswer(const Texts& f) {
     if (f[0] == "READ") {
       const auto file = files.find(f[1]);
       if (file == files.end() || file->second.count(f[2]) == 0) {
@@ -127,6 +133,7 @@ class EntryTest : public FarEndTest {
     return FrameOf({"OK"});
   }
 
+ private:
   std::string parms_;
   Texts requests_;
 };

@@ -317,7 +317,8 @@ TEST_F(ListsTest, LeavingTheLocatorSearchesNothing) {
 }
 
 TEST_F(ListsTest, ImpatienceAndMarks) {
-  // While the host is asked, what is typed is kept: a second Enter searches once more, Escape leaves.
+  // While the host is asked, what is typed is kept: a second Enter searches once more, Escape
+  // leaves.
   const std::string reply = FrameOf({kIndexName});
   const std::string none = FrameOf({"~ERRORMSG~", "none"});
   Script({[this] { user.Type("a\r"); }, [this] { user.Type("\r"); },
@@ -326,8 +327,8 @@ TEST_F(ListsTest, ImpatienceAndMarks) {
           [&] { Line().Deliver(none); }});
   Run([] { RequestLocator("CUSTOMERS"); });
   ExpectDone();
-  const std::string search = RequestOf({"READ", "LOCATOR", "CUSTOMERS"}) +
-                             RequestOf({"READ", "CUST.INDEX", "A"});
+  const std::string search =
+      RequestOf({"READ", "LOCATOR", "CUSTOMERS"}) + RequestOf({"READ", "CUST.INDEX", "A"});
   EXPECT_EQ(Line().TakeSent(), search + search);
   EXPECT_EQ(Session().LocatorWord, "");
   EXPECT_EQ(Session().PendingOp, "");

@@ -365,7 +365,9 @@ TEST_F(RecordCycleTest, ClicksDuringAWait) {
   Click(Screen().cmdSave);
   EXPECT_EQ(waits, 2);
   EXPECT_TRUE(IsOpen());
-  EXPECT_EQ(files["DATA"]["100"].substr(0, 14), "New name\xFE" "1300\xFE");
+  EXPECT_EQ(files["DATA"]["100"].substr(0, 14),
+            "New name\xFE"
+            "1300\xFE");
   EXPECT_EQ(TakeRequests(),
             (Texts{"LOCK AR.X DATA 100 L", "READ DATA 100",
                    "WRITE DATA 100 " + files["DATA"]["100"] + " SYCRLOC", "LOCK AR.X DATA 100 U"}));

@@ -2,6 +2,7 @@
 
 #include "entry/ListRequests.h"
 #include "entry/ScreenBuilder.h"
+#include "link/HostWait.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
 #include "menus/frmSubMenu.h"
@@ -13,6 +14,10 @@ namespace {
 constexpr int kDesignWidth = 9600;  // twips
 constexpr int kDesignHeight = 6600;
 constexpr int kMargin = 120;  // twips beside what stands outermost
+
+void TellNotConnected() {
+  desktop().MsgBox("Not connected", MessageBoxStyle::kExclamation);
+}
 
 }  // namespace
 
@@ -44,7 +49,11 @@ void frmEntry::BindButtons() {
   };
   for (const auto& row : rows) {
     const auto click = [this, action = row.action] {
-      screen_.Run([this, action] { (cycle_.*action)(); });
+      screen_.Run([this, action] {
+        const bool asksHost = action != &RecordCycle::Leave;
+        if (asksHost && !IsLinkUp()) return TellNotConnected();
+        (cycle_.*action)();
+      });
     };
     row.button.Click = click;
     if (row.item) row.item->Click = click;

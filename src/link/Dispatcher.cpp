@@ -87,27 +87,64 @@ void TakeShowImage() {
   Ask().ShowImage();
 }
 
-void TakeListBox() {
+// A question that is open as long as this lives; then the next of its kind is asked.
+class OpenQuestion {
+ public:
+  explicit OpenQuestion(Questions& questions) : questions_(questions) { questions_.Open(); }
+  ~OpenQuestion() { questions_.Answered(); }
+  OpenQuestion(const OpenQuestion&) = delete;
+  OpenQuestion& operator=(const OpenQuestion&) = delete;
+
+ private:
+  Questions& questions_;
+};
+
+// The answer goes to the field that was current when the list came. A screen that waits for the
+// host takes it as it takes input: afterwards, if it is at that field still.
+void GiveListAnswer(std::int16_t field) {
+  Window* screen = Ask().EntryWindow();
+  const std::string answer = Session().ListAnswer;
+  const auto give = [answer, field] {
+    SessionState& s = Session();
+    if (s.ScreenLoaded != kTrue || s.CurrentField != field) return;
+    s.ListAnswer = answer;
+    s.PendingOp = "ReturnAns";
+    Ask().FocusField(field);
+  };
+  if (!screen || !desktop().HoldsInput(*screen)) return give();
+  desktop().KeepInput(*screen, [give] { desktop().Handle(EventKind::Program, give); });
+}
+
+void AskByList() {
   SessionState& s = Session();
+  const OpenQuestion open(s.Lists);
   s.ListFirstWord = MessageField(1) == "~LISTBOXF~" ? kFalse : kTrue;
   s.ListAnswer.clear();
   Ask().ShowList();
+  if (desktop().IsRunningStale()) return;
   FocusTerminalUnlessScreen();
-  if (!s.ListAnswer.empty() && s.ScreenLoaded == kTrue) {
-    s.PendingOp = "ReturnAns";
-    Ask().FocusField(s.CurrentField);
-  }
+  if (!s.ListAnswer.empty() && s.ScreenLoaded == kTrue) GiveListAnswer(s.CurrentField);
+}
+
+void TakeListBox() {
+  Session().Lists.Put(AskByList);
 }
 
 void TakeMsgBox() {
+  DropHourglass();
   const std::string title = MessageField(2);
   desktop().MsgBox(MessageField(3), MessageBoxStyle::kOkOnly, title);
   SendToHost(std::string(1, CR));
 }
 
-void TakeGetPassword() {
+void AskPassword() {
+  const OpenQuestion open(Session().Passwords);
   Form<frmPassword>()->ShowModal();
-  FocusTerminalUnlessScreen();
+  if (!desktop().IsRunningStale()) FocusTerminalUnlessScreen();
+}
+
+void TakeGetPassword() {
+  Session().Passwords.Put(AskPassword);
 }
 
 void TakeStartPrint() {
@@ -218,9 +255,9 @@ struct ReplyRow {
 // Who awaits a reply, by PendingOp.
 constexpr ReplyRow kReplies[] = {
     {"RunOption", ReplyToRunOption, false}, {"ReadHelp", ReplyToReadHelp, false},
-    {"WriteHelpText", ReplyToWriteHelp}, {"ReadRecord", ReplyToRead},
-    {"OpenAllFiles", ReplyToOpenFiles},  {"WriteRecord", ReplyToWrite},
-    {"DeleteRecord", ReplyToDelete},     {"LockRecord", ReplyToLock},
+    {"WriteHelpText", ReplyToWriteHelp},    {"ReadRecord", ReplyToRead},
+    {"OpenAllFiles", ReplyToOpenFiles},     {"WriteRecord", ReplyToWrite},
+    {"DeleteRecord", ReplyToDelete},        {"LockRecord", ReplyToLock},
 };
 
 // A frame that nobody asked for: the host programmer's trace of a slip.

@@ -21,9 +21,7 @@ void WaitForHost(const std::function<bool()>& waiting) {
   const std::shared_ptr<Window> owner = desk.RunningWindow();
   const bool owned = owner && owner->IsLoaded();
   const unsigned session = desk.Generation();
-  const auto over = [&] {
-    return session != desk.Generation() || (owned && !owner->IsLoaded());
-  };
+  const auto over = [&] { return session != desk.Generation() || (owned && !owner->IsLoaded()); };
   desk.HoldInput();
   desk.WaitWhile([&] { return waiting() && !over(); });
   if (over()) throw QuietEnd{};

@@ -5,10 +5,11 @@
 
 namespace quorvel {
 
-// Others may have taken the place of a request that the host has not answered.
+// Others may have taken the place of a request that the host has not answered. Once the option's id
+// has been sent the host has all it needs.
 bool OptionRun::IsUnderWay() const {
   if (stage_ == Stage::Requested) return Session().PendingOp == "RunOption";
-  return stage_ != Stage::None;
+  return stage_ == Stage::LookUp;
 }
 
 bool OptionRun::DropsAnother() const {
@@ -28,10 +29,6 @@ void OptionRun::Request() {
 
 void OptionRun::SendOption() {
   if (stage_ == Stage::Requested) stage_ = Stage::Sent;
-}
-
-void OptionRun::HostHasSpoken() {
-  if (stage_ == Stage::Sent) End();
 }
 
 void OptionRun::End() {

@@ -13,10 +13,10 @@ class OptionRun {
   // while one was, in the menu that still shows.
   bool DropsAnother() const;
 
-  void Begin();        // the option is being looked up
-  void Request();      // the host has been asked to get it ready
-  void SendOption();   // its id has been sent: what it opens is to come
-  void HostHasSpoken();  // a frame or text has been handled
+  void Begin();       // the option is being looked up
+  void Request();     // the host has been asked to get it ready
+  void SendOption();  // its id has been sent: what it opens is to come
+  bool AwaitsWindow() const { return stage_ == Stage::Sent; }
   void End();
 
  private:

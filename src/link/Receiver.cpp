@@ -160,9 +160,13 @@ char FrameMark() {
 }
 
 void ReceiveHostData(std::string& data) {
-  const struct Spoken {
-    ~Spoken() { Session().Run.HostHasSpoken(); }
-  } spoken;
+  // What an option opens comes behind the block that let it run.
+  const struct Opening {
+    bool awaited = Session().Run.AwaitsWindow();
+    ~Opening() {
+      if (awaited) Session().Run.End();
+    }
+  } opening;
   TakeBlock(data);
 }
 

@@ -111,7 +111,7 @@ void RunOption() {
   struct Running {
     Running() { Session().Run.Begin(); }
     ~Running() {
-      if (!requested) Session().Run.End();
+      if (!requested && !desktop().IsRunningStale()) Session().Run.End();
     }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;

@@ -43,7 +43,8 @@ void ForgetQuestions() {
 }  // namespace
 
 void DropHourglass() {
-  if (desktop().Pointer() != MousePointer::Default) desktop().SetMousePointer(MousePointer::Default);
+  if (desktop().Pointer() != MousePointer::Default)
+    desktop().SetMousePointer(MousePointer::Default);
 }
 
 void EndOfLink() {

@@ -130,7 +130,9 @@ void frmSubMenu::Form_Unload(bool&) {
 // --- building
 
 void frmSubMenu::BuildMenu() {
+  const auto keep = shared_from_this();
   desktop().Yield();
+  if (!IsLoaded()) return;
   tabMenu.Tab = 0;
   ClearTables();
   MenuTables menu = ReadMenu(Session().MenuText, Session().MenuCommands);
@@ -189,6 +191,7 @@ void frmSubMenu::FillPage(int page, const std::string& tabName, const MenuTables
 // --- fitting
 
 void frmSubMenu::FitMenuWindow() {
+  const auto keep = shared_from_this();
   const Window* main = Ask().MainWindow();
   if (!main || main->ClientHeight() < kSmallestClient) return;
   const int height = main->ClientHeight() + OnePixel();
@@ -206,6 +209,7 @@ void frmSubMenu::FitMenuWindow() {
   if (tabMenu.Visible()) {
     tabMenu.Visible = false;
     desktop().Yield();
+    if (!IsLoaded()) return;
   }
   FitLists();
   tabMenu.Visible = true;

@@ -12,8 +12,7 @@ namespace quorvel {
 std::string SettingFault(const std::string& text);
 
 // Why a command string can't be expanded; reads on like the faults above.
-inline constexpr char kCodeTooHigh[] =
-    "has a code above 255; a character has one from 0 to 255.";
+inline constexpr char kCodeTooHigh[] = "has a code above 255; a character has one from 0 to 255.";
 
 // Whether `box` can be kept (`fault` is empty). Otherwise the user is told, by the name of the box,
 // and has the keyboard there.

@@ -45,7 +45,8 @@ class frmTelnet : public Window {
 
   // Sizes the window to the client area of the main window, and the terminal to the window.
   void FitToMain();
-  // While the user is asked whether to leave the program, and if he stays, QuickExit does not count.
+  // While the user is asked whether to leave the program, and if he stays, QuickExit does not
+  // count.
   void SetUserStays(bool stays) { userStays_ = stays; }
 
  protected:

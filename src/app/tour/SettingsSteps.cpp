@@ -15,7 +15,9 @@ namespace quorvel {
 std::vector<TourStep> SettingsSteps(QtBackend& backend) {
   const Hands user(backend);
   const auto key = [user](int code) { return [user, code] { user.Key(code); }; };
-  const auto page = [](int number) { return [number] { Form<frmTerm>()->SSTab1.UserTab(number); }; };
+  const auto page = [](int number) {
+    return [number] { Form<frmTerm>()->SSTab1.UserTab(number); };
+  };
   const auto settings = [] {
     return DialogShows<frmTerm>() && !DialogShows<frmFunk>() && !DialogShows<frmAdvTerm>();
   };

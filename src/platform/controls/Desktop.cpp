@@ -70,8 +70,9 @@ void Desktop::Handle(EventKind kind, const std::function<void()>& body, Window* 
                           : kind == EventKind::User  ? Context::User
                                                      : Context::Program;
   {
-    const Pushed<Running> in(running_, {context, generation_,
-                                        window ? window->weak_from_this() : std::weak_ptr<Window>()});
+    const Pushed<Running> in(
+        running_,
+        {context, generation_, window ? window->weak_from_this() : std::weak_ptr<Window>()});
     const auto level = levels_.size() - 1;
     ++levels_[level].running;
     Guard(body);
@@ -149,9 +150,8 @@ bool Desktop::InputHeld() const {
 
 int Desktop::RunningReceives() const {
   return static_cast<int>(
-      std::count_if(running_.begin(), running_.end(), [](const Running& running) {
-        return running.context == Context::Receive;
-      }));
+      std::count_if(running_.begin(), running_.end(),
+                    [](const Running& running) { return running.context == Context::Receive; }));
 }
 
 bool Desktop::IsServing() const {

@@ -298,6 +298,7 @@ bool Window::UserKeyDown(KeyEvent key) {
   if (!TakesInput() || !desktop().focus().KeyTarget() || desktop().focus().Front() != this) {
     return true;
   }
+  const auto keep = weak_from_this().lock();
   bool used = true;  // also by a handler that fails: its box was the answer to the key
   AsUserEvent([&] {
     UseKey(key);
@@ -392,6 +393,7 @@ int Window::UserKeyPress(int code) {
     return 0;
   Control* const target = active_;
   if (!target || !target->KeyPress) return code;
+  const auto keep = weak_from_this().lock();
   AsUserEvent([&] { std::function<void(int&)>(target->KeyPress)(code); });
   return IsLoaded() && active_ == target ? code : 0;
 }

@@ -42,10 +42,11 @@ void InsertInto(TextBox& box, char c) {
 // Now, or kept for the end of a wait.
 void HeadlessUser::Do(Control& control, const std::function<void(Control&)>& act) {
   if (control.IsWayOut) return act(control);
-  desktop().TakeInput(control.window(), [act, &control, window = control.window().weak_from_this()] {
-    const auto alive = window.lock();
-    if (alive && alive->IsLoaded()) act(control);
-  });
+  desktop().TakeInput(control.window(),
+                      [act, &control, window = control.window().weak_from_this()] {
+                        const auto alive = window.lock();
+                        if (alive && alive->IsLoaded()) act(control);
+                      });
 }
 
 void HeadlessUser::Click(Control& control) {
