@@ -18,6 +18,7 @@ struct OpenBox {
   std::string title;
   std::string text;
   bool asks = false;         // a message box with Yes and No
+  bool saves = false;        // a file dialog for what is to be written
   MenuItem* menu = nullptr;  // of Kind::PopUp
 };
 

@@ -46,6 +46,7 @@ std::optional<OpenBox> HeadlessHands::BoxInFront() {
       break;
     case HeadlessBox::Kind::File:
       seen.kind = OpenBox::Kind::File;
+      seen.saves = backend_.fileDialogs.back().purpose == FileDialog::Purpose::Save;
       break;
     case HeadlessBox::Kind::PopUp:
       seen.kind = OpenBox::Kind::PopUp;

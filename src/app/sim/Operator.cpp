@@ -79,7 +79,9 @@ void Operator::WorkInConnect(Random& dice) {
 void Operator::Answer(const OpenBox& box, Random& dice) {
   BoxReply reply;
   reply.yes = dice.Chance(60);
-  if (box.kind == OpenBox::Kind::File && reply.yes) reply.file = configuration_;
+  if (box.kind == OpenBox::Kind::File && reply.yes) {
+    reply.file = box.saves ? configuration_ + ".txt" : configuration_;
+  }
   if (box.kind == OpenBox::Kind::PopUp && dice.Chance(80)) {
     std::vector<MenuItem*> entries;
     for (MenuItem* item : box.menu->Items()) {

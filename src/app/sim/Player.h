@@ -19,6 +19,10 @@ class Player {
   Player(Options options, Print print) : options_(std::move(options)), print_(std::move(print)) {}
 
   std::function<void(Kind kind, std::uint64_t seed)> onStory;
+  // Where the memory in use is counted.
+  void CountBlocksBy(std::function<std::int64_t()> blocksInUse) {
+    place_.blocksInUse = std::move(blocksInUse);
+  }
   // False when a rule has failed.
   bool Play();
 

@@ -6,6 +6,7 @@
 #include "link/SessionState.h"
 #include "link/frmPassword.h"
 #include "menus/frmHelpText.h"
+#include "output/frmReport.h"
 #include "platform/controls/Desktop.h"
 
 namespace quorvel::sim {
@@ -13,6 +14,12 @@ namespace {
 
 constexpr std::string_view kFailureBox = "Run-time error";
 constexpr std::string_view kStrayBox = "REGULAR DATA";
+
+// Sessions until everything has been used once, and how many are compared at either end.
+constexpr std::ptrdiff_t kWarmUp = 100;
+constexpr std::ptrdiff_t kCompared = 100;
+// Blocks by which the least of them may differ: what windows of other sizes hold.
+constexpr std::int64_t kMostGrowth = 200;
 
 }  // namespace
 
@@ -23,7 +30,8 @@ Rules::Rules(const Story& story, Workplace& place, Verdict& verdict, const Telle
       login_(verdict),
       saved_(verdict, place),
       boxes_(verdict),
-      owners_(verdict) {}
+      owners_(verdict),
+      memory_(verdict, place) {}
 
 // --- the line
 
@@ -34,6 +42,7 @@ void Rules::OnAccepted() {
   login_.OnAccepted();
   saved_.OnAccepted();
   boxes_.Forget();
+  memory_.OnSession();
 }
 
 void Rules::OnSent(std::string_view bytes) {
@@ -115,6 +124,8 @@ void Rules::CheckKeyboard() {
   if (Session().PendingOp == "Capture") return;  // the terminal is locked meanwhile
   const Window* front = desktop().focus().Front();
   if (!front) return verdict_.Fail("quiet", "no window is in front");
+  // Behind a report that is looked at, the terminal stays locked until the viewer is closed.
+  if (LoadedForm<frmReport>() && front->Name() == "frmTelnet") return;
   if (!front->TakesInput()) {
     return verdict_.Fail("quiet", front->Name() + " is in front and takes no input");
   }
@@ -139,6 +150,11 @@ void Rules::CheckOwed(const demohost::HostSession& host) {
   if (owed.helps > 0 && !LoadedForm<frmHelpText>()) {
     verdict_.Fail("answered", "a help window of the host has no answer");
   }
+}
+
+void Rules::CheckEnd() {
+  owners_.CheckEnd();
+  memory_.CheckEnd();
 }
 
 // --- boxes in their order
@@ -190,6 +206,22 @@ void OwnersRule::CheckEnd() {
   for (const Seen& seen : seen_) {
     if (!seen.window.expired()) verdict_.Fail("owners", seen.name + " outlives the desktop");
   }
+}
+
+// --- memory
+
+void MemoryRule::OnSession() {
+  if (place_.blocksInUse) blocks_.push_back(place_.blocksInUse());
+}
+
+void MemoryRule::CheckEnd() {
+  if (static_cast<std::ptrdiff_t>(blocks_.size()) < kWarmUp + 2 * kCompared) return;
+  const auto first = blocks_.begin() + kWarmUp;
+  const std::int64_t before = *std::min_element(first, first + kCompared);
+  const std::int64_t after = *std::min_element(blocks_.end() - kCompared, blocks_.end());
+  if (after <= before + kMostGrowth) return;
+  verdict_.Fail("owners", std::to_string(blocks_.size()) + " sessions took the blocks in use from " +
+                              std::to_string(before) + " to " + std::to_string(after));
 }
 
 }  // namespace quorvel::sim

@@ -103,6 +103,19 @@ class OwnersRule {
   std::vector<Seen> seen_;
 };
 
+// Sessions leave nothing behind: what is in use at their beginnings stays as it was.
+class MemoryRule {
+ public:
+  MemoryRule(Verdict& verdict, Workplace& place) : verdict_(verdict), place_(place) {}
+  void OnSession();
+  void CheckEnd();
+
+ private:
+  Verdict& verdict_;
+  Workplace& place_;
+  std::vector<std::int64_t> blocks_;  // at the beginning of each session
+};
+
 // What must hold, whatever the operator, the host and the line do.
 class Rules final : public WireWatch {
  public:
@@ -125,7 +138,7 @@ class Rules final : public WireWatch {
 
   // Nothing is under way, nothing is handled or open.
   void CheckQuiet(const demohost::HostSession* host);
-  void CheckEnd() { owners_.CheckEnd(); }
+  void CheckEnd();
 
  private:
   bool HostIsSample() const { return RowOf(story_.kind).host == HostKind::Sample; }
@@ -143,6 +156,7 @@ class Rules final : public WireWatch {
   SavedRule saved_;
   FramesRule boxes_;
   OwnersRule owners_;
+  MemoryRule memory_;
 };
 
 }  // namespace quorvel::sim

@@ -120,6 +120,8 @@ bool Simulation::Next() {
   if (++steps_ > (sessions ? kMostStepsOfSessions : kMostSteps)) {
     verdict_.Fail("alive", "the story does not come to an end");
   }
+  backend_.messageBoxes.clear();  // nobody asks for what has been
+  backend_.pointers.clear();
   CheckIfQuiet();
   if (verdict_.failure()) return false;
   return agenda_.Step() || GoOnToTheEnd();
@@ -150,11 +152,12 @@ bool Simulation::GoOnToTheEnd() {
     return true;
   }
   const auto windows = desktop_->LoadedWindows();
-  const auto modal = std::find_if(windows.begin(), windows.end(), [](const Window* window) {
-    return window->IsModal() && window->TakesInput();
+  // A report's viewer keeps the terminal locked.
+  const auto above = std::find_if(windows.begin(), windows.end(), [](const Window* window) {
+    return (window->IsModal() || window->Name() == "frmReport") && window->TakesInput();
   });
-  if (modal != windows.end()) {
-    hands_.CloseBox(**modal);
+  if (above != windows.end()) {
+    hands_.CloseBox(**above);
     return true;
   }
   if (IsInWait() && network_.Session() && RowOf(story_.kind).host == HostKind::Sample) {

@@ -9,7 +9,7 @@
 namespace quorvel::sim {
 namespace {
 
-constexpr std::size_t kSessionsActs = 3000;
+constexpr std::size_t kSessionsActs = 6000;
 
 // How many of a hundred acts of an operator are of which kind.
 struct Habits {
@@ -158,6 +158,10 @@ Story MakeStory(Kind kind, std::uint64_t seed) {
   Random random(seed * 64 + static_cast<std::uint64_t>(kind));
   story.setting = MakeSetting(random);
   AddOperator(story, random);
+  if (kind == Kind::Sessions) {
+    story.setting.automaticLogin = true;
+    story.setting.quickExit = false;
+  }
   if (RowOf(kind).host == HostKind::Rude) AddInjections(story, random);
   if (RowOf(kind).line == LineKind::Breaking) AddFaults(story, random);
   story.kept.resize(story.acts.size());

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "app/sim/Story.h"
@@ -16,6 +18,9 @@ class Workplace {
   ~Workplace();
   Workplace(const Workplace&) = delete;
   Workplace& operator=(const Workplace&) = delete;
+
+  // The blocks of memory in use, where somebody counts them.
+  std::function<std::int64_t()> blocksInUse;
 
   // The data as seeded, and nothing in the folder but a configuration for this setting.
   void Reset(const Setting& setting);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "app/sim/CommandLine.h"
+#include "app/sim/HeapCount.h"
 #include "app/sim/Player.h"
 
 namespace {
@@ -44,5 +45,6 @@ int main(int argc, char** argv) {
     CurrentKind() = static_cast<std::sig_atomic_t>(kind);
     CurrentSeed() = static_cast<std::sig_atomic_t>(seed);
   };
+  player.CountBlocksBy(BlocksInUse);
   return player.Play() ? 0 : 1;
 }
