@@ -9,6 +9,7 @@
 #include "link/frmConnect.h"
 #include "menus/frmSubMenu.h"
 #include "menus/mdiMain.h"
+#include "output/frmReport.h"
 #include "platform/controls/Desktop.h"
 #include "terminal/frmTelnet.h"
 
@@ -16,6 +17,9 @@ namespace quorvel::sim {
 namespace {
 
 constexpr const char* kUser = "demo";
+
+// Words that end a program of the host.
+constexpr std::size_t kEndings = 5;
 
 }  // namespace
 
@@ -39,6 +43,8 @@ void Operator::Work(Random& dice) {
   };
   const Window* front = desktop().focus().Front();
   if (!front) return StartSession();
+  auto* report = LoadedForm<frmReport>();
+  if (report && !front->TakesInput()) return hands_.CloseBox(*report);  // it keeps the terminal locked
   for (const auto& row : rows) {
     if (front->Name() == row.window) return (this->*row.work)(dice);
   }
@@ -57,6 +63,8 @@ void Operator::Connect(Random& dice) {
   if (terminal->TELNET1.IsIdle()) return hands_.ChooseMenu(terminal->mnuSOpen);
   auto* menu = LoadedForm<frmSubMenu>();
   if (menu && menu->IsVisible() && dice.Chance(70)) return hands_.Click(menu->cmdLogoff);
+  // A program of the host takes the line of a log-off for its input.
+  if (dice.Chance(50)) return EndProgram(static_cast<int>(dice.Below(kEndings)));
   hands_.ChooseMenu(terminal->mnuCExit);
 }
 
@@ -78,7 +86,9 @@ void Operator::WorkInConnect(Random& dice) {
 
 void Operator::Answer(const OpenBox& box, Random& dice) {
   BoxReply reply;
-  reply.yes = dice.Chance(60);
+  const bool logsOff = box.text.find("log off") != std::string::npos;
+  const bool exits = box.title == "Confirm Exit";  // the end of the story
+  reply.yes = dice.Chance(logsOff ? 85 : exits ? 15 : 60);
   if (box.kind == OpenBox::Kind::File && reply.yes) {
     reply.file = box.saves ? configuration_ + ".txt" : configuration_;
   }
@@ -99,14 +109,14 @@ void Operator::AnswerForTheEnd(const OpenBox& box) {
 }
 
 void Operator::EndProgram(int turn) {
-  static constexpr const char* kEntries[] = {".", "Q", "", "OFF"};
+  static constexpr const char* kEntries[kEndings] = {".", "Q", "", "1", "OFF"};
   auto* menu = LoadedForm<frmSubMenu>();
   auto* terminal = LoadedForm<frmTelnet>();
   if (menu && menu->TakesInput() && desktop().focus().Front() == menu) {
     return hands_.Click(menu->cmdTcl);
   }
   if (terminal && desktop().focus().Front() != terminal) hands_.TurnTo(*terminal);
-  hands_.Type(kEntries[static_cast<std::size_t>(turn) % std::size(kEntries)]);
+  hands_.Type(kEntries[static_cast<std::size_t>(turn) % kEndings]);
   hands_.Press(KeyCode::Return);
 }
 

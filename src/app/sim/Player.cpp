@@ -10,6 +10,7 @@ namespace quorvel::sim {
 namespace {
 
 constexpr int kMostAttempts = 2000;
+constexpr int kMostAttemptsOfSessions = 40;  // each takes seconds
 constexpr std::size_t kLastLines = 40;
 // Without the stories of sessions, each of which takes as long as a thousand others.
 constexpr std::uint64_t kKindsInTurn = static_cast<std::uint64_t>(Kind::Sessions);
@@ -69,7 +70,7 @@ void Player::Report(const Story& story, const Failure& failure) {
         const auto again = PlayOne(part, {});
         return again && again->rule == failure.rule;
       },
-      kMostAttempts);
+      story.kind == Kind::Sessions ? kMostAttemptsOfSessions : kMostAttempts);
   std::deque<std::string> last;
   const auto shown = PlayOne(shortest, [&last](const std::string& line) {
     last.push_back(line);

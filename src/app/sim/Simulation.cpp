@@ -20,7 +20,7 @@ constexpr std::uint64_t kMostStepsOfSessions = 5'000'000;
 constexpr int kMostLastActs = 120;
 // From a quiet program to its end: leave a record and its screen, log off, close, and confirm both.
 constexpr int kMostLeavingActs = 10;
-constexpr int kMostProgramActs = 12;
+constexpr int kMostProgramActs = 30;
 // A patient operator looks again.
 constexpr Milliseconds kPatience = 50;
 
@@ -120,8 +120,7 @@ bool Simulation::Next() {
   if (++steps_ > (sessions ? kMostStepsOfSessions : kMostSteps)) {
     verdict_.Fail("alive", "the story does not come to an end");
   }
-  backend_.messageBoxes.clear();  // nobody asks for what has been
-  backend_.pointers.clear();
+  backend_.ForgetThePast();
   CheckIfQuiet();
   if (verdict_.failure()) return false;
   return agenda_.Step() || GoOnToTheEnd();

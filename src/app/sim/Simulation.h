@@ -30,6 +30,16 @@ class SimBackend : public HeadlessBackend {
     rules_.OnLoad(window);
     return HeadlessBackend::MakePeer(window);
   }
+  // Nobody asks for what has been; it would look like memory that the program holds.
+  void ForgetThePast() {
+    messageBoxes.clear();
+    pointers.clear();
+    printed.clear();
+    picturesRead.clear();
+    started.clear();
+    faxes.clear();
+    if (fileDialogs.size() > 1) fileDialogs.erase(fileDialogs.begin(), fileDialogs.end() - 1);
+  }
 
  private:
   Network& network_;

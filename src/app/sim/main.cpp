@@ -45,6 +45,8 @@ int main(int argc, char** argv) {
     CurrentKind() = static_cast<std::sig_atomic_t>(kind);
     CurrentSeed() = static_cast<std::sig_atomic_t>(seed);
   };
+#ifdef QUORVEL_COUNT_HEAP
   player.CountBlocksBy(BlocksInUse);
+#endif
   return player.Play() ? 0 : 1;
 }
