@@ -45,6 +45,15 @@ class HostSession final : public Console {
   std::string Where() const;
   /// The menu or program that is on.
   const std::string& Doing() const { return doing_; }
+  bool IsAtLineStart() const { return reader_.IsAtLineStart(); }
+  bool IsInProgram() const { return phase_ == Phase::Program; }
+  /// What has been sent that the client has yet to answer by a line.
+  struct Owed {
+    std::size_t boxes = 0;  // mode messages too
+    int lists = 0;          // of screens
+    int helps = 0;
+  };
+  Owed StillOwed() const { return {boxes_.size(), listOpen_ ? 1 : 0, helpsOpen_}; }
   /// Shows a box out of turn; false if nobody is logged in here.
   bool Notify(std::string_view title, std::string_view text);
 

@@ -23,6 +23,8 @@ class LineReader {
 
   /// True if `byte` would end a typed line (and not a frame, nor the pair of an earlier CR).
   bool EndsLine(char byte) const;
+  /// False while a line or a request has begun; what comes next could not begin a request.
+  bool IsAtLineStart() const { return state_ == State::Typing && line_.empty(); }
   /// Takes that CR without ending the line: what has been typed so far stays.
   void SkipReturn() {
     state_ = State::Typing;

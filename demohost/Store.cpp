@@ -106,6 +106,15 @@ void Store::Clear() {
   Execute("DELETE FROM record; DELETE FROM file; DELETE FROM account");
 }
 
+void Store::CopyFrom(const Store& other) {
+  sqlite3_backup* copy = sqlite3_backup_init(db_.get(), "main", other.db_.get(), "main");
+  if (copy == nullptr) throw StoreError(sqlite3_errmsg(db_.get()));
+  constexpr int kAllPages = -1;
+  const int result = sqlite3_backup_step(copy, kAllPages);
+  sqlite3_backup_finish(copy);
+  if (result != SQLITE_DONE) throw StoreError(sqlite3_errstr(result));
+}
+
 bool Store::HasFile(std::string_view file) {
   return Statement(db_.get(), "SELECT 1 FROM file WHERE name = ?").Bind(1, file).Step();
 }

@@ -33,6 +33,8 @@ class Store {
   bool Empty();
   /// Throws away every file, record and account.
   void Clear();
+  /// Becomes a copy of another store, whatever it held; there must be no transaction.
+  void CopyFrom(const Store& other);
 
   bool HasFile(std::string_view file);
   void CreateFile(std::string_view file);

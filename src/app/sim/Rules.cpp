@@ -1,0 +1,227 @@
+#include "app/sim/Rules.h"
+
+#include <algorithm>
+
+#include "entry/frmList.h"
+#include "link/SessionState.h"
+#include "link/frmPassword.h"
+#include "menus/frmHelpText.h"
+#include "output/frmReport.h"
+#include "platform/controls/Desktop.h"
+
+namespace quorvel::sim {
+namespace {
+
+constexpr std::string_view kFailureBox = "Run-time error";
+constexpr std::string_view kStrayBox = "REGULAR DATA";
+
+// Sessions until everything has been used once, and how many are compared at either end.
+constexpr std::ptrdiff_t kWarmUp = 100;
+constexpr std::ptrdiff_t kCompared = 100;
+// Blocks by which the least of them may differ: what windows of other sizes hold.
+constexpr std::int64_t kMostGrowth = 200;
+
+}  // namespace
+
+Rules::Rules(const Story& story, Workplace& place, Verdict& verdict, const Teller& tell)
+    : story_(story),
+      verdict_(verdict),
+      tell_(tell),
+      login_(verdict),
+      saved_(verdict, place),
+      boxes_(verdict),
+      owners_(verdict),
+      memory_(verdict, place) {}
+
+// --- the line
+
+void Rules::OnAccepted() {
+  if (tell_) tell_("line: connected");
+  data_ = {};
+  frames_ = {};
+  login_.OnAccepted();
+  saved_.OnAccepted();
+  boxes_.Forget();
+  memory_.OnSession();
+}
+
+void Rules::OnSent(std::string_view bytes) {
+  if (tell_) tell_("  client: " + Readable(bytes));
+  login_.OnSent(bytes);
+  if (HostIsSample()) saved_.OnSent(bytes);
+}
+
+void Rules::OnDelivered(std::string_view bytes) {
+  if (tell_) tell_("  host: " + Readable(bytes));
+  for (const char byte : bytes) {
+    const auto data = data_.Feed(byte);
+    if (!data) continue;
+    if (const auto frame = frames_.Feed(*data)) OnFrame(*frame);
+  }
+}
+
+void Rules::OnFrame(const std::string& frame) {
+  login_.OnFrame();
+  boxes_.OnFrame(frame);
+}
+
+void Rules::OnLost() {
+  if (tell_) tell_("line: lost");
+  saved_.OnLinkGone();
+}
+
+void Rules::OnHungUp() {
+  if (tell_) tell_("line: the host has hung up");
+  saved_.OnLinkGone();
+}
+
+void Rules::OnClosedByClient() {
+  if (tell_) tell_("line: the client has closed");
+  saved_.OnLinkGone();
+  boxes_.Forget();
+}
+
+void Rules::OnRequest(const std::string& text, int port) {
+  if (HostIsSample()) saved_.OnRequest(text, port);
+}
+
+// --- the desktop
+
+void Rules::OnBox(const MessageBoxRequest& box) {
+  if (tell_) tell_("  box: " + Readable(box.title) + ": " + Readable(box.text));
+  if (box.text.starts_with(kFailureBox)) verdict_.Fail("alive", Readable(box.text));
+  if (box.title == kStrayBox && HostIsSample()) {
+    verdict_.Fail("answered", "a reply that nobody waits for: " + Readable(box.text));
+  }
+  boxes_.OnBox(box);
+  saved_.OnBox();
+}
+
+// --- quiet
+
+void Rules::CheckQuiet(const demohost::HostSession* host) {
+  owners_.CheckQuiet();
+  boxes_.CheckQuiet();
+  if (!host || !login_.IsDone()) return;
+  saved_.CheckPromise();
+  CheckState();
+  CheckKeyboard();
+  if (HostIsSample()) CheckOwed(*host);
+}
+
+void Rules::CheckState() {
+  const SessionState& s = Session();
+  const bool rude = RowOf(story_.kind).host == HostKind::Rude;
+  const bool allowed = s.PendingOp.empty() || s.PendingOp == "RunOption" ||
+                       (rude && s.PendingOp == "Capture");
+  if (!allowed) verdict_.Fail("quiet", "PendingOp is " + s.PendingOp);
+  if (s.FrameStart != 0) verdict_.Fail("quiet", "a frame is open");
+  if (desktop().Pointer() != MousePointer::Default) verdict_.Fail("quiet", "the pointer waits");
+  if (desktop().HasKeptInput()) verdict_.Fail("quiet", "input is kept that nobody serves");
+}
+
+void Rules::CheckKeyboard() {
+  if (Session().PendingOp == "Capture") return;  // the terminal is locked meanwhile
+  const Window* front = desktop().focus().Front();
+  if (!front) return verdict_.Fail("quiet", "no window is in front");
+  // Behind a report that is looked at, the terminal stays locked until the viewer is closed.
+  if (LoadedForm<frmReport>() && front->Name() == "frmTelnet") return;
+  if (!front->TakesInput()) {
+    return verdict_.Fail("quiet", front->Name() + " is in front and takes no input");
+  }
+  const Control* target = desktop().focus().KeyTarget();
+  if (!target && !front->NextInTabOrder(nullptr)) return;  // it has nothing for the keyboard
+  if (!target) return verdict_.Fail("quiet", "nothing in " + front->Name() + " has the keyboard");
+  if (!target->Reachable()) {
+    verdict_.Fail("quiet", front->Name() + "." + target->CodeName() +
+                               " has the keyboard and can't be reached");
+  }
+}
+
+// What the host waits for must be there for the user to answer.
+void Rules::CheckOwed(const demohost::HostSession& host) {
+  const auto owed = host.StillOwed();
+  if (owed.boxes > 0) {
+    verdict_.Fail("answered", std::to_string(owed.boxes) + " boxes of the host have no answer");
+  }
+  if (owed.lists > 0 && !LoadedForm<frmList>()) {
+    verdict_.Fail("answered", "a list of the host has no answer");
+  }
+  if (owed.helps > 0 && !LoadedForm<frmHelpText>()) {
+    verdict_.Fail("answered", "a help window of the host has no answer");
+  }
+}
+
+void Rules::CheckEnd() {
+  owners_.CheckEnd();
+  memory_.CheckEnd();
+}
+
+// --- boxes in their order
+
+void FramesRule::OnFrame(const std::string& frame) {
+  const std::vector<std::string> fields = FieldsOf(frame);
+  if (fields.size() < 3 || fields[0] != "~MSGBOX~" || fields[1].empty()) return;
+  due_.push_back({fields[1], fields[2]});
+}
+
+void FramesRule::OnBox(const MessageBoxRequest& box) {
+  const auto found = std::find_if(due_.begin(), due_.end(), [&box](const Due& due) {
+    return due.title == box.title && due.text == box.text;
+  });
+  if (found == due_.end()) return;  // the client's own
+  if (found != due_.begin()) {
+    verdict_.Fail("frames", "the box " + Readable(box.text) + " goes before the older " +
+                                Readable(due_.front().text));
+  }
+  due_.erase(found);
+}
+
+void FramesRule::CheckQuiet() {
+  if (due_.empty()) return;
+  verdict_.Fail("frames", "a box of the host never opened: " + Readable(due_.front().text));
+}
+
+// --- owners
+
+void OwnersRule::OnLoad(Window& window) {
+  std::erase_if(seen_, [](const Seen& seen) { return seen.window.expired(); });
+  const auto shared = window.weak_from_this();
+  const bool known = std::any_of(seen_.begin(), seen_.end(), [&shared](const Seen& seen) {
+    return !seen.window.owner_before(shared) && !shared.owner_before(seen.window);
+  });
+  if (!known) seen_.push_back({shared, window.Name()});
+}
+
+void OwnersRule::CheckQuiet() {
+  for (const Seen& seen : seen_) {
+    const auto window = seen.window.lock();
+    if (window && !window->IsLoaded()) {
+      verdict_.Fail("owners", seen.name + " has been unloaded, and something still holds it");
+    }
+  }
+}
+
+void OwnersRule::CheckEnd() {
+  for (const Seen& seen : seen_) {
+    if (!seen.window.expired()) verdict_.Fail("owners", seen.name + " outlives the desktop");
+  }
+}
+
+// --- memory
+
+void MemoryRule::OnSession() {
+  if (place_.blocksInUse) blocks_.push_back(place_.blocksInUse());
+}
+
+void MemoryRule::CheckEnd() {
+  if (static_cast<std::ptrdiff_t>(blocks_.size()) < kWarmUp + 2 * kCompared) return;
+  const auto first = blocks_.begin() + kWarmUp;
+  const std::int64_t before = *std::min_element(first, first + kCompared);
+  const std::int64_t after = *std::min_element(blocks_.end() - kCompared, blocks_.end());
+  if (after <= before + kMostGrowth) return;
+  verdict_.Fail("owners", std::to_string(blocks_.size()) + " sessions took the blocks in use from " +
+                              std::to_string(before) + " to " + std::to_string(after));
+}
+
+}  // namespace quorvel::sim

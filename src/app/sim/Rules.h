@@ -1,0 +1,162 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/sim/Failure.h"
+#include "app/sim/Network.h"
+#include "app/sim/Requests.h"
+#include "app/sim/Story.h"
+#include "app/sim/Workplace.h"
+#include "platform/MessageBox.h"
+#include "platform/controls/Window.h"
+
+namespace quorvel::sim {
+
+// Nothing but the login goes to a host that has not sent a frame yet.
+class LoginRule {
+ public:
+  explicit LoginRule(Verdict& verdict) : verdict_(verdict) {}
+  void OnAccepted();
+  void OnSent(std::string_view bytes);
+  void OnFrame() { done_ = true; }
+  void OnTyped(const std::string& text);
+  bool IsDone() const { return done_; }
+
+ private:
+  bool IsLoginLine(const std::string& line) const;
+
+  Verdict& verdict_;
+  DataBytes data_;
+  bool done_ = true;
+  std::string line_;   // what has been sent of it that the operator did not type
+  std::string typed_;  // by the operator, and not sent yet
+};
+
+// What is written is what the operator sees, under the key that is locked, with the fields of that
+// record; and what he saw saved is there.
+class SavedRule {
+ public:
+  SavedRule(Verdict& verdict, Workplace& place) : verdict_(verdict), place_(place) {}
+  void OnAccepted();
+  void OnSent(std::string_view bytes);
+  void OnRequest(const std::string& text, int port);
+  void OnBox() { promise_.reset(); }
+  void OnLinkGone() { promise_.reset(); }
+  void OnSaveClicked();
+  void CheckPromise();
+
+ private:
+  using Boxes = std::map<int, std::string>;  // by attribute of the file
+  struct Promise {
+    std::string file;
+    std::string key;
+    Boxes boxes;
+  };
+  void CompareWithScreen(const std::vector<std::string>& write);
+
+  Verdict& verdict_;
+  Workplace& place_;
+  DataBytes data_;
+  RequestReader requests_;
+  std::optional<Promise> promise_;
+};
+
+// Each box of the host opens once, in the order in which they came.
+class FramesRule {
+ public:
+  explicit FramesRule(Verdict& verdict) : verdict_(verdict) {}
+  void OnFrame(const std::string& frame);
+  void OnBox(const MessageBoxRequest& box);
+  void Forget() { due_.clear(); }
+  void CheckQuiet();
+
+ private:
+  struct Due {
+    std::string title;
+    std::string text;
+  };
+  Verdict& verdict_;
+  std::deque<Due> due_;
+};
+
+// Every window that has been loaded is the desktop's, or gone.
+class OwnersRule {
+ public:
+  explicit OwnersRule(Verdict& verdict) : verdict_(verdict) {}
+  void OnLoad(Window& window);
+  // With nothing being handled: nobody else holds a window.
+  void CheckQuiet();
+  // The desktop is gone.
+  void CheckEnd();
+
+ private:
+  struct Seen {
+    std::weak_ptr<Window> window;
+    std::string name;
+  };
+  Verdict& verdict_;
+  std::vector<Seen> seen_;
+};
+
+// Sessions leave nothing behind: what is in use at their beginnings stays as it was.
+class MemoryRule {
+ public:
+  MemoryRule(Verdict& verdict, Workplace& place) : verdict_(verdict), place_(place) {}
+  void OnSession();
+  void CheckEnd();
+
+ private:
+  Verdict& verdict_;
+  Workplace& place_;
+  std::vector<std::int64_t> blocks_;  // at the beginning of each session
+};
+
+// What must hold, whatever the operator, the host and the line do.
+class Rules final : public WireWatch {
+ public:
+  Rules(const Story& story, Workplace& place, Verdict& verdict, const Teller& tell);
+
+  // --- the line
+  void OnAccepted() override;
+  void OnSent(std::string_view bytes) override;
+  void OnDelivered(std::string_view bytes) override;
+  void OnLost() override;
+  void OnHungUp() override;
+  void OnClosedByClient() override;
+  void OnRequest(const std::string& text, int port) override;
+
+  // --- the desktop and the operator
+  void OnBox(const MessageBoxRequest& box);
+  void OnLoad(Window& window) { owners_.OnLoad(window); }
+  void OnTyped(const std::string& text) { login_.OnTyped(text); }
+  void OnSaveClicked() { saved_.OnSaveClicked(); }
+
+  // Nothing is under way, nothing is handled or open.
+  void CheckQuiet(const demohost::HostSession* host);
+  void CheckEnd();
+
+ private:
+  bool HostIsSample() const { return RowOf(story_.kind).host == HostKind::Sample; }
+  void OnFrame(const std::string& frame);
+  void CheckState();
+  void CheckKeyboard();
+  void CheckOwed(const demohost::HostSession& host);
+
+  const Story& story_;
+  Verdict& verdict_;
+  const Teller& tell_;
+  DataBytes data_;
+  FrameReader frames_;
+  LoginRule login_;
+  SavedRule saved_;
+  FramesRule boxes_;
+  OwnersRule owners_;
+  MemoryRule memory_;
+};
+
+}  // namespace quorvel::sim
