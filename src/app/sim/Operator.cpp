@@ -25,6 +25,9 @@ constexpr std::size_t kEndings = 5;
 
 void Operator::Do(const Act& act) {
   Random dice(act.dice);
+  // What he clicks may end a window that his next move in this act goes to.
+  std::vector<std::shared_ptr<Window>> kept;
+  for (Window* window : desktop().LoadedWindows()) kept.push_back(window->shared_from_this());
   if (const auto box = hands_.BoxInFront()) return Answer(*box, dice);
   if (act.kind == ActKind::Fumble) return Fumble(dice);
   if (act.kind == ActKind::Connect) return Connect(dice);
