@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "link/HandOvers.h"
+#include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
@@ -58,9 +59,14 @@ void AppendToCapture(std::string_view block) {
                    MessageBoxStyle::kExclamation);
 }
 
+// What was waited for all the while is waited for still.
+void EndCapture() {
+  Session().PendingOp = AwaitedBeside();
+}
+
 void TakeCaptureOff() {
   SessionState& s = Session();
-  s.PendingOp.clear();
+  EndCapture();
   if (!s.CaptureCommand.empty() || ExportsAtOnce(s.ExportType)) {
     Ask().RunExport(s.CaptureCommand);
     Ask().EnableSessionWindows(true);

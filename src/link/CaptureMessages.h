@@ -8,6 +8,9 @@ namespace quorvel {
 void TakeCaptureOn();
 void TakeCaptureOff();
 
+// Blocks are captured no more.
+void EndCapture();
+
 // Appends a block of the report to the capture file, which is opened and closed for every block: a
 // report is whole up to its last block whatever happens next. A file that can't be written is told
 // in one box for the whole capture, which goes on all the same.

@@ -2,6 +2,7 @@
 
 #include "link/CaptureMessages.h"
 #include "link/HandOvers.h"
+#include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/Requests.h"
@@ -49,7 +50,12 @@ void TakeCaseLogic() {
   s.EntryRecord = MessageField(3);
   s.OriginalRecord = MessageField(4);
   s.CaseData = MessageField(5);
-  s.PendingOp = "ReturnCase";
+  if (HostWait* wait = UnansweredWait(kReturnCase)) {
+    wait->TakeReply();
+    // A report that is being captured goes on; so does what another window waits for.
+    if (s.PendingOp == kCapture || UnansweredWait(s.PendingOp)) return;
+  }
+  s.PendingOp = kReturnCase;
 }
 
 void TakeGenOut() {
@@ -160,6 +166,7 @@ void TakeStopPrint() {
 
 void Reply(const std::string& token);
 bool IsWaitedFor(std::string_view pendingOp);
+std::string AwaitedOp();
 
 // PendingOp is as it was when this ends: what waits for a record goes on waiting for it.
 void AskByHelpText() {
@@ -174,7 +181,7 @@ void TakeFieldHelp() {
 }
 
 void TakeErrorMsg() {
-  const std::string& pending = Session().PendingOp;
+  const std::string pending = AwaitedOp();
   if (pending == "RunOption" || pending == "ReadRecord") return Reply(MessageField(1));
   DropHourglass();
   desktop().MsgBox(MessageField(2));
@@ -202,7 +209,7 @@ constexpr MessageRow kMessages[] = {
 
 void ReplyToRunOption(const std::string&) {
   SessionState& s = Session();
-  s.PendingOp.clear();
+  if (s.PendingOp == "RunOption") s.PendingOp.clear();
   const std::string answer = MessageField(1);
   s.Run.SendOption();
   SendToHost(s.OptionId + CR);
@@ -278,20 +285,33 @@ bool IsWaitedFor(std::string_view pendingOp) {
   return row && row->waits;
 }
 
+// What a reply is a reply to. A report is captured all the same while something is waited for.
+std::string AwaitedOp() {
+  const SessionState& s = Session();
+  if (s.PendingOp != kCapture) return s.PendingOp;
+  const std::string beside = AwaitedBeside();
+  return beside.empty() ? s.PendingOp : beside;
+}
+
 // The last step, in all cases and however the reply is taken, clears PendingOp: that ends the wait
 // of a request. What has been set meanwhile, in a box, is another's.
 void Reply(const std::string& token) {
   const struct Ending {
     std::string pending = Session().PendingOp;
+    std::string awaited = AwaitedOp();
     ~Ending() {
-      if (Session().PendingOp == pending) Session().PendingOp.clear();
+      if (awaited == pending && Session().PendingOp == pending) Session().PendingOp.clear();
     }
   } ending;
-  if (const ReplyRow* row = FindReply(ending.pending)) {
-    row->action(token);
-  } else {
-    ShowStrayFrame();
-  }
+  const ReplyRow* row = FindReply(ending.awaited);
+  if (!row) return ShowStrayFrame();
+  HostWait* wait = row->waits ? UnansweredWait(ending.awaited) : nullptr;
+  if (!wait) return row->action(token);
+  const struct Answered {
+    HostWait& answered;
+    ~Answered() { answered.TakeReply(); }
+  } answered{*wait};
+  row->action(token);
 }
 
 }  // namespace

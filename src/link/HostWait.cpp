@@ -1,10 +1,12 @@
 #include "link/HostWait.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Requests.h"
+#include "link/SessionState.h"
 #include "link/TelnetControl.h"
 #include "platform/controls/Desktop.h"
 
@@ -15,16 +17,72 @@ bool IsLinkUp() {
   return telnet && telnet->State() == TelnetControl::kConnected;
 }
 
-void WaitForHost(const std::function<bool()>& waiting) {
+HostWait* UnansweredWait(std::string_view pendingOp) {
+  const HostWaits& waits = Session().Waits;
+  const auto open = std::find_if(waits.rbegin(), waits.rend(), [&](const HostWait* wait) {
+    return !wait->IsAnswered() && wait->PendingOp() == pendingOp;
+  });
+  return open == waits.rend() ? nullptr : *open;
+}
+
+std::string AwaitedBeside() {
+  const SessionState& s = Session();
+  const auto open = std::find_if(s.Waits.rbegin(), s.Waits.rend(), [](const HostWait* wait) {
+    return !wait->IsAnswered() && wait->PendingOp() != kReturnCase && !wait->PendingOp().empty();
+  });
+  if (open != s.Waits.rend()) return (*open)->PendingOp();
+  return s.Run.AwaitsReply() ? "RunOption" : "";
+}
+
+void WaitForTurn() {
+  if (!desktop().RunningWindow()) return;
+  const auto earlier = [] {
+    const std::string& pending = Session().PendingOp;
+    if (Session().Run.AwaitsReply()) return pending == "RunOption" || pending == kCapture;
+    return !pending.empty() && UnansweredWait(pending) != nullptr;
+  };
+  if (!earlier()) return;
+  HostWait turn("");
+  turn.Run(earlier);
+}
+
+HostWait::HostWait(std::string pendingOp) : pendingOp_(std::move(pendingOp)) {
+  Session().Waits.push_back(this);
+}
+
+HostWait::~HostWait() {
+  std::erase(Session().Waits, this);
+}
+
+void HostWait::Run(const std::function<bool()>& waiting) {
   Desktop& desk = desktop();
   if (!IsLinkUp() || desk.IsRunningStale()) throw QuietEnd{};
   const std::shared_ptr<Window> owner = desk.RunningWindow();
   const bool owned = owner && owner->IsLoaded();
-  const unsigned session = desk.Generation();
-  const auto over = [&] { return session != desk.Generation() || (owned && !owner->IsLoaded()); };
+  const auto over = [&] { return desk.IsRunningStale() || (owned && !owner->IsLoaded()); };
   desk.HoldInput();
-  desk.WaitWhile([&] { return waiting() && !over(); });
+  desk.WaitWhile([&] { return !answered_ && waiting() && !over(); });
   if (over()) throw QuietEnd{};
+  if (answered_) PutReplyBack();
+}
+
+void HostWait::TakeReply() {
+  const SessionState& s = Session();
+  answered_ = true;
+  reply_ = {s.HostMessage, s.ReplyRecord, s.ReadMessage, s.OpenMessage,
+            s.CaseHook,    s.CaseData,    s.ReadFailed,  s.OpenFailed};
+}
+
+void HostWait::PutReplyBack() const {
+  SessionState& s = Session();
+  s.HostMessage = reply_.HostMessage;
+  s.ReplyRecord = reply_.ReplyRecord;
+  s.ReadMessage = reply_.ReadMessage;
+  s.OpenMessage = reply_.OpenMessage;
+  s.CaseHook = reply_.CaseHook;
+  s.CaseData = reply_.CaseData;
+  s.ReadFailed = reply_.ReadFailed;
+  s.OpenFailed = reply_.OpenFailed;
 }
 
 void HostQuestion::Ask() {

@@ -8,7 +8,8 @@ namespace quorvel {
 // Others may have taken the place of a request that the host has not answered. Once the option's id
 // has been sent the host has all it needs.
 bool OptionRun::IsUnderWay() const {
-  if (stage_ == Stage::Requested) return Session().PendingOp == "RunOption";
+  const std::string& pending = Session().PendingOp;
+  if (stage_ == Stage::Requested) return pending == "RunOption" || pending == "Capture";
   return stage_ == Stage::LookUp;
 }
 

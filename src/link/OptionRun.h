@@ -16,6 +16,7 @@ class OptionRun {
   void Begin();       // the option is being looked up
   void Request();     // the host has been asked to get it ready
   void SendOption();  // its id has been sent: what it opens is to come
+  bool AwaitsReply() const { return stage_ == Stage::Requested; }
   bool AwaitsWindow() const { return stage_ == Stage::Sent; }
   void End();
 

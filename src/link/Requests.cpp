@@ -20,9 +20,6 @@ constexpr std::size_t kLongestInput = 4000;
 constexpr std::int16_t kOptionDataFile = 22;
 constexpr std::int16_t kOptionCaseProgram = 23;
 
-// PendingOp when the reply to a hook has come.
-const std::string kReturnCase = "ReturnCase";
-
 bool RefuseLongInput(const std::string& input) {
   if (input.size() <= kLongestInput) return false;
   desktop().MsgBox("need to handle input > 4096");
@@ -31,9 +28,13 @@ bool RefuseLongInput(const std::string& input) {
 
 // PendingOp is set before the send, so that no reply can find it unset.
 void SendAndWait(const std::string& pendingOp, const std::string& request) {
-  Session().PendingOp = pendingOp;
+  WaitForTurn();
+  SessionState& s = Session();
+  HostWait wait(pendingOp);
+  // A report that the host is sending goes on being captured.
+  if (s.PendingOp != kCapture) s.PendingOp = pendingOp;
   SendToHost(request);
-  WaitForHost([&] { return Session().PendingOp == pendingOp; });
+  wait.Run([&] { return s.PendingOp == pendingOp || s.PendingOp == kCapture; });
 }
 
 }  // namespace
@@ -41,6 +42,11 @@ void SendAndWait(const std::string& pendingOp, const std::string& request) {
 void SendToHost(const std::string& text) {
   if (desktop().IsRunningStale()) return;
   if (TelnetControl* telnet = Ask().LoadedTelnet()) telnet->Send(text);
+}
+
+void SendLogOff() {
+  desktop().EndRunningBelow();
+  SendToHost(std::string("OFF") + CR);
 }
 
 std::string BuildRequest(std::string_view verb, const std::vector<std::string_view>& fields) {
@@ -101,9 +107,10 @@ void CaseCall(const std::string& argument) {
   if (RefuseLongInput(request.substr(0, request.size() - 1))) return;
   // A reply that nobody waited for is none to this call.
   if (s.PendingOp == kReturnCase) s.PendingOp.clear();
+  HostWait wait(kReturnCase);
   SendToHost(request);
-  WaitForHost([&s] { return s.PendingOp != kReturnCase; });
-  s.PendingOp.clear();
+  wait.Run([&s] { return s.PendingOp != kReturnCase; });
+  if (s.PendingOp == kReturnCase) s.PendingOp.clear();
 }
 
 void RunOption() {
@@ -130,7 +137,7 @@ void RunOption() {
     }
   }
   // The dispatcher sends the option's id when the host has answered.
-  s.PendingOp = "RunOption";
+  if (s.PendingOp != kCapture) s.PendingOp = "RunOption";
   SendToHost(BuildRunRequest("MENUS", s.OptionId, "E"));
   running.requested = true;
   s.Run.Request();

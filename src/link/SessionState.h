@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "link/HostWait.h"
 #include "link/OptionRun.h"
 #include "link/Questions.h"
 
@@ -71,7 +72,8 @@ struct SessionState {
   Flag FieldRejected = kFalse;     // what the last validation said
   std::string NewRecord;           // "Y" while a record is being added
 
-  OptionRun Run;  // of a menu option
+  OptionRun Run;    // of a menu option
+  HostWaits Waits;  // for replies
 
   // --- host messages
   Questions Lists;

@@ -86,7 +86,7 @@ void LogOff() {
   if (!telnet) return;
   const bool expected = Session().ForceOff == 1 || Session().MenuLoaded == 1;
   if (telnet->State() == TelnetControl::kConnected && expected) {
-    SendToHost(std::string("OFF") + CR);
+    SendLogOff();
     desktop().Yield();
   } else {
     telnet->Close();

@@ -1,6 +1,8 @@
 #include "menus/frmSubMenu.h"
 
+#include "link/CaptureMessages.h"
 #include "link/HandOvers.h"
+#include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/Requests.h"
@@ -290,7 +292,7 @@ void frmSubMenu::cmdLogoff_Click() {
       desktop().MsgBox("Are you sure you want to log off?",
                        MessageBoxStyle::kYesNo | MessageBoxStyle::kQuestion, "Quorvel Menus");
   if (answer != MessageBoxAnswer::Yes) return;
-  if (Session().Connected == 1) SendToHost(std::string("OFF") + CR);
+  if (Session().Connected == 1) SendLogOff();
   Unload();
 }
 
@@ -301,7 +303,7 @@ void frmSubMenu::cmdHelp_Click() {
 }
 
 void frmSubMenu::mnuOptCapOff_Click() {
-  if (Session().PendingOp == "Capture") Session().PendingOp.clear();
+  if (Session().PendingOp == kCapture) EndCapture();
 }
 
 void frmSubMenu::mnuBookMark_Click() {

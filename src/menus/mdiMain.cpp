@@ -143,7 +143,7 @@ void mdiMain::Form_QueryUnload(bool& cancel) {
   terminal->SetUserStays(false);
   const bool logOff = s.ForceOff == 1 || s.MenuLoaded == 1;
   if (terminal->TELNET1.State() == TelnetControl::kConnected && logOff) {
-    SendToHost(std::string("OFF") + CR);
+    SendLogOff();
     s.ExitRequested = kFalse;
     desktop().Yield();
   } else {

@@ -1,6 +1,8 @@
 #include "terminal/frmTelnet.h"
 
+#include "link/CaptureMessages.h"
 #include "link/HandOvers.h"
+#include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Negotiation.h"
 #include "link/Receiver.h"
@@ -231,8 +233,8 @@ void frmTelnet::mnuPrintScreen_Click() {
 }
 
 void frmTelnet::mnuOptCapOff_Click() {
-  if (Session().PendingOp != "Capture") return;
-  Session().PendingOp.clear();
+  if (Session().PendingOp != kCapture) return;
+  EndCapture();
   Ask().EnableSessionWindows(true);
 }
 

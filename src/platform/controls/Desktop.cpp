@@ -1,6 +1,7 @@
 #include "platform/controls/Desktop.h"
 
 #include <algorithm>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -19,6 +20,9 @@ constexpr int kMostNestedReceives = 24;
 // Keys and clicks that are kept for the end of a wait. More is no typing ahead but a key that lies
 // on the keyboard.
 constexpr std::size_t kMostKept = 1000;
+
+// The generation of an event that has been ended.
+constexpr unsigned kEnded = std::numeric_limits<unsigned>::max();
 
 // How often the keyboard may be settled after one event, should each GotFocus lose it again.
 constexpr int kMostSettlings = 16;
@@ -308,6 +312,13 @@ std::shared_ptr<Window> Desktop::RunningWindow() {
 void Desktop::StartGeneration() {
   ++generation_;
   if (Running* event = RunningEvent()) event->generation = generation_;
+}
+
+void Desktop::EndRunningBelow() {
+  const Running* event = RunningEvent();
+  for (Running& running : running_) {
+    if (&running != event) running.generation = kEnded;
+  }
 }
 
 bool Desktop::IsRunningStale() {

@@ -89,7 +89,10 @@ class Desktop {
   // A new generation begins: what events of an older one still wait for will not come.
   void StartGeneration();
   unsigned Generation() const { return generation_; }
-  // Whether the running event began in an older generation.
+  // The same for the events on the stack below the running one alone: the user has turned away from
+  // what they are about.
+  void EndRunningBelow();
+  // Whether the running event began in an older generation, or has been ended.
   bool IsRunningStale();
 
   // Ends the process: every wait unwinds. Does not return while an event is being handled.
