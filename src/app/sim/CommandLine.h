@@ -12,8 +12,8 @@ namespace quorvel::sim {
 struct Options {
   std::uint64_t from = 1;
   std::uint64_t to = 1000;
-  std::optional<Kind> kind;                          // none: all in turn
-  std::optional<std::vector<std::size_t>> acts;      // none: all
+  std::optional<Kind> kind;                      // none: all in turn
+  std::optional<std::vector<std::size_t>> acts;  // none: all
   bool trace = false;
   bool goOn = false;  // past a failure
   bool help = false;

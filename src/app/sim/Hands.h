@@ -11,7 +11,8 @@
 
 namespace quorvel::sim {
 
-// What lies over the windows: a message box, a dialog of the platform, or a menu that has popped up.
+// What lies over the windows: a message box, a dialog of the platform, or a menu that has popped
+// up.
 struct OpenBox {
   enum class Kind { Message, File, Other, PopUp };
   Kind kind = Kind::Message;
@@ -23,8 +24,8 @@ struct OpenBox {
 };
 
 struct BoxReply {
-  bool yes = true;         // Yes or OK; else No, or a dialog is cancelled
-  std::string file;        // that is chosen; empty: cancelled
+  bool yes = true;            // Yes or OK; else No, or a dialog is cancelled
+  std::string file;           // that is chosen; empty: cancelled
   MenuItem* entry = nullptr;  // that is clicked; none: the menu closes
 };
 

@@ -34,6 +34,7 @@ HostEnd::HostEnd(demohost::Application& application, int port, const Story& stor
 
 void HostEnd::Receive(std::string_view bytes) {
   for (const char byte : bytes) {
+    if (session_.Ended()) return;  // it reads nothing behind the log-off
     heldBack_ += byte;
     const auto data = data_.Feed(byte);
     if (!data) {

@@ -39,15 +39,16 @@ void Operator::Work(Random& dice) {
     const char* window;
     void (Operator::*work)(Random&);
   } rows[] = {
-      {"frmSubMenu", &Operator::WorkInMenu},     {"frmEntry", &Operator::WorkInScreen},
-      {"frmTelnet", &Operator::WorkInTerminal},  {"frmList", &Operator::WorkInList},
-      {"frmConnect", &Operator::WorkInConnect},  {"frmPassword", &Operator::WorkInPassword},
-      {"frmLocate", &Operator::WorkInLocator},   {"frmHelpText", &Operator::WorkInHelp},
+      {"frmSubMenu", &Operator::WorkInMenu},    {"frmEntry", &Operator::WorkInScreen},
+      {"frmTelnet", &Operator::WorkInTerminal}, {"frmList", &Operator::WorkInList},
+      {"frmConnect", &Operator::WorkInConnect}, {"frmPassword", &Operator::WorkInPassword},
+      {"frmLocate", &Operator::WorkInLocator},  {"frmHelpText", &Operator::WorkInHelp},
   };
   const Window* front = desktop().focus().Front();
   if (!front) return StartSession();
   auto* report = LoadedForm<frmReport>();
-  if (report && !front->TakesInput()) return hands_.CloseBox(*report);  // it keeps the terminal locked
+  if (report && !front->TakesInput())
+    return hands_.CloseBox(*report);  // it keeps the terminal locked
   for (const auto& row : rows) {
     if (front->Name() == row.window) return (this->*row.work)(dice);
   }
@@ -147,10 +148,10 @@ void Operator::WorkInMenu(Random& dice) {
 
 void Operator::RunOption(frmSubMenu& menu, Random& dice) {
   static constexpr const char* kOptions[] = {
-      "AR.CUSTOMER", "AR.CUSTOMER", "AR.CUSTOMER", "AR.CUSTOMER",  "IC.ITEM",    "IC.ITEM",
-      "SO.ORDER",    "AR.PRICE",    "AR.CUST.INQ", "AR.CITY",      "UT.MSGBOX",  "UT.CLOSE",
-      "UT.WHO",      "RP*CUSTOMERS", "RP*VENDORS", "RP.LABELS",    "UT.PICTURE", "UT.DESKTOP",
-      "AR",          "NO.SUCH",     "AR.PHONE",    "UT.BROADCAST", "RP*PRICES",  "SO.ENTER",
+      "AR.CUSTOMER", "AR.CUSTOMER",  "AR.CUSTOMER", "AR.CUSTOMER",  "IC.ITEM",    "IC.ITEM",
+      "SO.ORDER",    "AR.PRICE",     "AR.CUST.INQ", "AR.CITY",      "UT.MSGBOX",  "UT.CLOSE",
+      "UT.WHO",      "RP*CUSTOMERS", "RP*VENDORS",  "RP.LABELS",    "UT.PICTURE", "UT.DESKTOP",
+      "AR",          "NO.SUCH",      "AR.PHONE",    "UT.BROADCAST", "RP*PRICES",  "SO.ENTER",
   };
   hands_.Click(menu.cboExecute);
   hands_.Type(kOptions[dice.Below(std::size(kOptions))]);
@@ -287,8 +288,8 @@ void Operator::WorkInTerminal(Random& dice) {
   if (prompt.ends_with("login:") || prompt.ends_with("Password:")) {
     hands_.Type(dice.Chance(95) ? kUser : "who");
   } else {
-    static constexpr const char* kEntries[] = {".", ".", "", "", "C1001", "I105", "5",
-                                               "Y", "E", "Q", "NEW",  "T",    "OFF"};
+    static constexpr const char* kEntries[] = {".", ".", "",  "",    "C1001", "I105", "5",
+                                               "Y", "E", "Q", "NEW", "T",     "OFF"};
     hands_.Type(kEntries[dice.Below(std::size(kEntries))]);
   }
   hands_.Press(KeyCode::Return);

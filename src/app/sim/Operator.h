@@ -20,7 +20,9 @@ class Operator {
  public:
   // `configuration`: the file that is chosen for a session.
   Operator(Hands& hands, const Story& story, std::string configuration)
-      : hands_(hands), person_(RowOf(story.kind).person), configuration_(std::move(configuration)) {}
+      : hands_(hands),
+        person_(RowOf(story.kind).person),
+        configuration_(std::move(configuration)) {}
 
   void Do(const Act& act);
   // The box in front is answered so that nothing more comes of it, but for the ways out.

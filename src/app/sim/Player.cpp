@@ -19,7 +19,8 @@ constexpr std::uint64_t kKindsInTurn = static_cast<std::uint64_t>(Kind::Sessions
 std::string LineOf(const Story& story) {
   std::string name(RowOf(story.kind).name);
   name[0] = static_cast<char>(name[0] - 'a' + 'A');
-  return "{Kind::" + name + ", " + std::to_string(story.seed) + ", \"" + TextOf(story.kept) + "\"},";
+  return "{Kind::" + name + ", " + std::to_string(story.seed) + ", \"" + TextOf(story.kept) +
+         "\"},";
 }
 
 }  // namespace

@@ -37,8 +37,8 @@ class Player {
   const Print print_;
   Workplace place_;
   Watchdog watchdog_;
-  std::string excuse_;  // of the last story
-  std::map<std::string, int> played_;    // by kind
+  std::string excuse_;                 // of the last story
+  std::map<std::string, int> played_;  // by kind
   std::map<std::string, int> excuses_;
   std::map<std::string, int> failures_;  // by kind and rule
 };

@@ -81,10 +81,10 @@ void LoginRule::OnSent(std::string_view bytes) {
   for (const char byte : bytes) {
     if (const auto one = data_.Feed(byte)) data += *one;
   }
-  // A key of the operator goes out in a write of its own.
-  const auto key = data.size() == 1 ? typed_.find(data) : std::string::npos;
+  // A key of the operator goes out in a write of its own, and so does what he pastes.
+  const auto key = data.empty() ? std::string::npos : typed_.find(data);
   if (key != std::string::npos) {
-    typed_.erase(0, key + 1);
+    typed_.erase(0, key + data.size());
     return;
   }
   const bool answersQuery = data.starts_with('\x1B');
@@ -146,6 +146,7 @@ void SavedRule::OnRequest(const std::string& text, int port) {
 
 void SavedRule::OnSaveClicked() {
   promise_.reset();
+  if (desktop().IsHandling()) return;  // the click may be dropped: what follows is another's doing
   auto* window = LoadedForm<frmEntry>();
   const demohost::Screen* screen = window ? ScreenOf(Session().DataFile) : nullptr;
   if (!screen || !window->cmdSave.Reachable() || !window->TakesInput()) return;
@@ -163,7 +164,8 @@ void SavedRule::CheckPromise() {
     return verdict_.Fail("saved", promise.file + " " + promise.key + " was saved and is not there");
   }
   if (const auto attribute = Difference(promise.boxes, *record)) {
-    verdict_.Fail("saved", promise.file + " " + promise.key + " was saved, and the host's attribute " +
+    verdict_.Fail("saved", promise.file + " " + promise.key +
+                               " was saved, and the host's attribute " +
                                std::to_string(*attribute) + " is another: " + Readable(*record));
   }
 }

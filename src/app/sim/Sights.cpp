@@ -54,9 +54,8 @@ std::vector<int> RowsOf(Control& list) {
     int row = 0;
     for (const ListView::Item& item : static_cast<ListView&>(list).Items()) add(row++, item.text);
   } else if (list.kind() == ControlKind::ListBox || list.kind() == ControlKind::ComboBox) {
-    const ListRows& all = list.kind() == ControlKind::ListBox
-                              ? static_cast<ListBox&>(list).List
-                              : static_cast<ComboBox&>(list).List;
+    const ListRows& all = list.kind() == ControlKind::ListBox ? static_cast<ListBox&>(list).List
+                                                              : static_cast<ComboBox&>(list).List;
     for (int row = 0; row < all.Count(); ++row) add(row, all.At(row));
   }
   return rows;

@@ -1,16 +1,17 @@
 // The simulator itself: that it can fail, that it repeats itself, and that stories which failed
 // once hold now.
-#include <gtest/gtest.h>
+#include "app/sim/Simulation.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
 
+#include <gtest/gtest.h>
+
 #include "app/sim/CommandLine.h"
 #include "app/sim/Known.h"
 #include "app/sim/Rules.h"
 #include "app/sim/Shortening.h"
-#include "app/sim/Simulation.h"
 
 namespace quorvel::sim {
 namespace {
@@ -89,8 +90,14 @@ class RuleTest : public ::testing::Test {
 
 TEST_F(RuleTest, BoxesOutOfTheirOrderFail) {
   FramesRule rule(verdict);
-  rule.OnFrame("~MSGBOX~\xFA" "A\xFA" "one");
-  rule.OnFrame("~MSGBOX~\xFA" "A\xFA" "two");
+  rule.OnFrame(
+      "~MSGBOX~\xFA"
+      "A\xFA"
+      "one");
+  rule.OnFrame(
+      "~MSGBOX~\xFA"
+      "A\xFA"
+      "two");
   rule.OnBox({"the client's own", "A"});
   EXPECT_EQ(Failed(), "");
   rule.OnBox({"two", "A"});
@@ -99,11 +106,17 @@ TEST_F(RuleTest, BoxesOutOfTheirOrderFail) {
 
 TEST_F(RuleTest, ABoxThatNeverOpensFails) {
   FramesRule rule(verdict);
-  rule.OnFrame("~MSGBOX~\xFA" "A\xFA" "one");
+  rule.OnFrame(
+      "~MSGBOX~\xFA"
+      "A\xFA"
+      "one");
   rule.OnBox({"one", "A"});
   rule.CheckQuiet();
   EXPECT_EQ(Failed(), "");
-  rule.OnFrame("~MSGBOX~\xFA" "A\xFA" "one");
+  rule.OnFrame(
+      "~MSGBOX~\xFA"
+      "A\xFA"
+      "one");
   rule.CheckQuiet();
   EXPECT_EQ(Failed(), "frames");
 }
@@ -133,7 +146,11 @@ TEST_F(RuleTest, AWriteWithoutItsLockFails) {
   SavedRule rule(verdict, place);
   const auto record = place.Host().Data().Read("CUSTOMERS", "C1001");
   ASSERT_TRUE(record);
-  const std::string write = "WRITE\xFA" "CUSTOMERS\xFA" "C1001\xFA" + *record + "\xFASYCRLOC";
+  const std::string write =
+      "WRITE\xFA"
+      "CUSTOMERS\xFA"
+      "C1001\xFA" +
+      *record + "\xFASYCRLOC";
   place.Host().RecordLocks().Take(1, "CUSTOMERS", "C1001");
   rule.OnRequest(write, 1);
   EXPECT_EQ(Failed(), "");
@@ -149,7 +166,12 @@ TEST_F(RuleTest, AWriteWithTheFieldsOfAnotherRecordFails) {
   const auto other = place.Host().Data().Read("CUSTOMERS", "C1002");
   ASSERT_TRUE(other);
   place.Host().RecordLocks().Take(1, "CUSTOMERS", "C1001");
-  rule.OnRequest("WRITE\xFA" "CUSTOMERS\xFA" "C1001\xFA" + *other + "\xFASYCRLOC", 1);
+  rule.OnRequest(
+      "WRITE\xFA"
+      "CUSTOMERS\xFA"
+      "C1001\xFA" +
+          *other + "\xFASYCRLOC",
+      1);
   EXPECT_EQ(Failed(), "saved");
   place.Host().RecordLocks().ReleaseAll(1);
 }

@@ -77,8 +77,8 @@ Setting MakeSetting(Random& random) {
   setting.quickExit = random.Chance(25);
   setting.cutAtFrames = random.Chance(30);
   setting.forceOff = random.Chance(20);
-  setting.answerDelay = random.Chance(70) ? kDelays[random.Below(std::size(kDelays))]
-                                          : random.Between(0, 5000);
+  setting.answerDelay =
+      random.Chance(70) ? kDelays[random.Below(std::size(kDelays))] : random.Between(0, 5000);
   return setting;
 }
 

@@ -34,8 +34,7 @@ void Watchdog::Watch() {
   std::unique_lock lock(mutex_);
   while (!over_) {
     const unsigned seen = count_;
-    const bool goesOn =
-        changed_.wait_for(lock, kLongest, [&] { return over_ || count_ != seen; });
+    const bool goesOn = changed_.wait_for(lock, kLongest, [&] { return over_ || count_ != seen; });
     if (goesOn || name_.empty()) continue;
     std::fprintf(stderr, "quorvel-sim: the story %s stands still\n", name_.c_str());
     std::abort();

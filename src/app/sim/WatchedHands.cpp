@@ -3,6 +3,7 @@
 #include "link/Records.h"
 #include "link/SessionState.h"
 #include "platform/RuntimeError.h"
+#include "platform/controls/Desktop.h"
 
 namespace quorvel::sim {
 namespace {
@@ -15,8 +16,8 @@ std::string NameOf(Control& control) {
 std::string CommandOf(const Control& button) {
   std::string text;
   Try([&] {
-    text = ExpandCommandString(
-        Session().ButtonCommands.at(static_cast<std::size_t>(button.Index())));
+    text =
+        ExpandCommandString(Session().ButtonCommands.at(static_cast<std::size_t>(button.Index())));
   });
   return text;
 }
@@ -59,6 +60,7 @@ void WatchedHands::Type(const std::string& text) {
 
 void WatchedHands::ChooseMenu(MenuItem& entry) {
   Tell("chooses " + entry.window().Name() + "." + entry.Name());
+  if (entry.Name() == "mnuEPaste") rules_.OnTyped(desktop().backend().clipboard().Text());
   hands_.ChooseMenu(entry);
 }
 

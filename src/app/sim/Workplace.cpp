@@ -19,9 +19,8 @@ demohost::DateTime FixedTime() {
 fs::path MakeFolder() {
   // Processes run side by side. The name is in nothing that a story depends on.
   std::random_device random;
-  const fs::path folder = fs::temp_directory_path() /
-                          ("quorvel-sim-" + std::to_string(random()) + "-" +
-                           std::to_string(random()));
+  const fs::path folder = fs::temp_directory_path() / ("quorvel-sim-" + std::to_string(random()) +
+                                                       "-" + std::to_string(random()));
   fs::create_directories(folder);
   return folder;
 }
