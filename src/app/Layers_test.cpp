@@ -68,8 +68,8 @@ std::vector<std::string> Violations(const Layers& layers, const std::string& fol
       continue;
     }
     const std::string target = fs::path(path).parent_path().generic_string();
-    const bool hostDoor = target == "demohost" && (folder == "app/sim" ||
-                                                   (folder == "app" && IsTest(name)));
+    const bool hostDoor =
+        target == "demohost" && (folder == "app/sim" || (folder == "app" && IsTest(name)));
     const bool testDoor = hostDoor || (IsTest(name) && target == "platform/headless");
     if (target == folder || testDoor || here.mayInclude.count(target) != 0) continue;
     found.push_back(folder + "/" + name + " includes " + path);

@@ -157,7 +157,7 @@ TEST_F(LostLink, QuestionsGoWithTheirSession) {
     MeanwhileLoseLink();
     MeanwhileReconnect();
     if (question[0] == "~MSGBOX~") {
-      Meanwhile([this] { backend.BoxInFront()->answered = true; });
+      Meanwhile([this] { backend.BoxInFront()->Close(); });
     }
     Deliver(FrameOf(question));
     PlayOn();
@@ -180,7 +180,7 @@ TEST_F(LostLink, AChangedHelpTextStays) {
       ASSERT_NE(backend.BoxInFront(), nullptr);
       EXPECT_TRUE(backend.BoxInFront()->message.text.starts_with(begins));
       backend.BoxInFront()->answer = with;
-      backend.BoxInFront()->answered = true;
+      backend.BoxInFront()->Close();
     });
   };
   MeanwhileLoseLink();

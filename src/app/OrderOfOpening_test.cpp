@@ -24,7 +24,7 @@ class OrderOfOpening : public SlowHostTest {
       ASSERT_NE(box, nullptr) << text;
       EXPECT_EQ(box->message.text, text);
       box->answer = answer;
-      box->answered = true;
+      box->Close();
     });
   }
   void MeanwhilePick(const std::string& caption, int row) {
@@ -107,7 +107,7 @@ TEST_F(OrderOfOpening, AnExportOverThePrinterDialog) {
       ASSERT_NE(box, nullptr);
       EXPECT_EQ(box->kind, HeadlessBox::Kind::File);
       box->file = folder.Path() + "/report.txt";
-      box->answered = true;
+      box->Close();
     });
   };
   report();
@@ -124,7 +124,7 @@ TEST_F(OrderOfOpening, AnExportOverThePrinterDialog) {
     HeadlessBox* box = backend.BoxInFront();
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(box->kind, HeadlessBox::Kind::Printer);
-    box->answered = true;
+    box->Close();
   });
   Do([] { LoadedForm<frmTelnet>()->mnuOptPrinter.UserClick(); });
   ExpectDone();

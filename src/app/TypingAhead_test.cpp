@@ -156,7 +156,7 @@ TEST_F(TypingAhead, ABoxDropsIt) {
     EXPECT_EQ(backend.BoxInFront()->message.text, "Do you want to add this record?");
     kept = desktop().HasKeptInput() ? 1 : 0;
     backend.BoxInFront()->answer = MessageBoxAnswer::Yes;
-    backend.BoxInFront()->answered = true;
+    backend.BoxInFront()->Close();
   });
   EnterKey("300");
   ExpectDone();

@@ -167,7 +167,8 @@ void frmEntry::Form_QueryUnload(bool& cancel) {
 void frmEntry::Form_Unload(bool&) {
   Session().ScreenLoaded = kFalse;
   // What another window waits for is not the screen's to end.
-  if (!desktop().OthersHoldInput(*this)) Session().PendingOp.clear();
+  const bool others = desktop().OthersHoldInput(*this) || Session().Run.AwaitsReply();
+  if (!others) Session().PendingOp.clear();
 }
 
 // Without a link the record can't be saved any more; that must not keep the user from leaving.

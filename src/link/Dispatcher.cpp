@@ -45,6 +45,7 @@ void TakeStartMenu() {
 void TakeEntryScreen() {}
 
 void TakeCaseLogic() {
+  if (SettleGivenUp(true)) return;
   SessionState& s = Session();
   s.CaseHook = MessageField(2);
   s.EntryRecord = MessageField(3);
@@ -182,6 +183,8 @@ void TakeFieldHelp() {
 
 void TakeErrorMsg() {
   const std::string pending = AwaitedOp();
+  const auto& givenUp = Session().GivenUp;
+  if (!givenUp.empty() && givenUp.front() == "ReadRecord" && SettleGivenUp(false)) return;
   if (pending == "RunOption" || pending == "ReadRecord") return Reply(MessageField(1));
   DropHourglass();
   desktop().MsgBox(MessageField(2));
@@ -326,7 +329,7 @@ void DispatchHostMessage() {
   for (const MessageRow& row : kMessages) {
     if (row.token == token) return row.action();
   }
-  Reply(token);
+  if (!SettleGivenUp(false)) Reply(token);
 }
 
 }  // namespace quorvel

@@ -34,6 +34,16 @@ std::string AwaitedBeside() {
   return s.Run.AwaitsReply() ? "RunOption" : "";
 }
 
+// The host answers in the order in which it was asked.
+bool SettleGivenUp(bool isHookReply) {
+  SessionState& s = Session();
+  if (s.GivenUp.empty() || (s.GivenUp.front() == kReturnCase) != isHookReply) return false;
+  const std::string name = s.GivenUp.front();
+  s.GivenUp.erase(s.GivenUp.begin());
+  if (s.PendingOp == name && !UnansweredWait(name)) s.PendingOp.clear();
+  return true;
+}
+
 void WaitForTurn() {
   if (!desktop().RunningWindow()) return;
   const auto earlier = [] {
@@ -58,12 +68,22 @@ void HostWait::Run(const std::function<bool()>& waiting) {
   Desktop& desk = desktop();
   if (!IsLinkUp() || desk.IsRunningStale()) throw QuietEnd{};
   const std::shared_ptr<Window> owner = desk.RunningWindow();
+  const unsigned session = desk.Generation();
   const bool owned = owner && owner->IsLoaded();
   const auto over = [&] { return desk.IsRunningStale() || (owned && !owner->IsLoaded()); };
   desk.HoldInput();
   desk.WaitWhile([&] { return !answered_ && waiting() && !over(); });
-  if (over()) throw QuietEnd{};
+  if (over()) {
+    const bool loggedOff = desk.IsRunningStale() && session == desk.Generation();
+    if (!answered_ && loggedOff) GiveUp();
+    throw QuietEnd{};
+  }
   if (answered_) PutReplyBack();
+}
+
+// The host may answer all the same before it comes to the log-off. An empty name waits for none.
+void HostWait::GiveUp() const {
+  if (!pendingOp_.empty() && IsLinkUp()) Session().GivenUp.push_back(pendingOp_);
 }
 
 void HostWait::TakeReply() {

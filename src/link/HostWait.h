@@ -15,11 +15,11 @@ inline constexpr char kCapture[] = "Capture";
 // A wait for the host: the one place where the program waits for it. Serves events, without a time
 // limit, until the reply has come.
 //
-// Every wait belongs to its session and to the window whose event began it; when the window is gone,
-// the user has logged off, or the next session has connected, it ends by QuietEnd. The link's end
-// alone ends none. Until the event is over, what the user does in the windows that are open is kept
-// for its end. QuietEnd at once where nothing can come: without a link, or for a session that is
-// over.
+// Every wait belongs to its session and to the window whose event began it; when the window is
+// gone, the user has logged off, or the next session has connected, it ends by QuietEnd. The link's
+// end alone ends none. Until the event is over, what the user does in the windows that are open is
+// kept for its end. QuietEnd at once where nothing can come: without a link, or for a session that
+// is over.
 //
 // A reply may come while boxes and windows that have opened since are on the stack above the wait,
 // and they may ask the host as well: so each wait keeps its own reply until it goes on.
@@ -46,6 +46,7 @@ class HostWait {
     std::int16_t ReadFailed = 0, OpenFailed = 0;
   };
   void PutReplyBack() const;
+  void GiveUp() const;
 
   const std::string pendingOp_;
   bool answered_ = false;
@@ -61,6 +62,10 @@ HostWait* UnansweredWait(std::string_view pendingOp);
 // What a reply is a reply to, where PendingOp names something else that goes on meanwhile (the
 // capture of a report); empty where nothing is waited for.
 std::string AwaitedBeside();
+
+// Whether the frame that has come is the reply to a wait that a log-off has ended; then that is
+// settled, and nobody is to see it.
+bool SettleGivenUp(bool isHookReply);
 
 // A request of a window waits for its turn: until what was asked before has been answered.
 void WaitForTurn();

@@ -16,8 +16,8 @@ namespace quorvel {
 // began in a session that is over.
 void SendToHost(const std::string& text);
 
-// Tells the host that the user leaves. What is under way ends here: a record is not to be written by
-// a session that its user has left.
+// Tells the host that the user leaves. What is under way ends here: a record is not to be written
+// by a session that its user has left.
 void SendLogOff();
 
 // A framed request line, CR included. Fields are not escaped; callers pass none with a mark.

@@ -16,6 +16,7 @@ void ForgetStream() {
   s.FrameEnd = 0;
   s.HasSentFrames = false;
   s.PendingOp.clear();
+  s.GivenUp.clear();
   s.CaptureCommand.clear();
   s.CaptureStrip.clear();
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "link/HostWait.h"
 #include "link/OptionRun.h"
@@ -74,6 +75,8 @@ struct SessionState {
 
   OptionRun Run;    // of a menu option
   HostWaits Waits;  // for replies
+  std::vector<std::string>
+      GivenUp;  // names of waits that a log-off has ended ahead of their replies
 
   // --- host messages
   Questions Lists;

@@ -62,7 +62,7 @@ void HeadlessHands::AnswerBox(const BoxReply& reply) {
   HeadlessBox* box = Front();
   if (!box || box->answered) return;
   const bool asks = (box->message.style & MessageBoxStyle::kButtonMask) != MessageBoxStyle::kOkOnly;
-  box->answered = true;
+  box->Close();
   if (asks) {
     box->answer = reply.yes ? MessageBoxAnswer::Yes : MessageBoxAnswer::No;
   }

@@ -112,8 +112,10 @@ void Rules::CheckQuiet(const demohost::HostSession* host) {
 void Rules::CheckState() {
   const SessionState& s = Session();
   const bool rude = RowOf(story_.kind).host == HostKind::Rude;
-  const bool allowed =
-      s.PendingOp.empty() || s.PendingOp == "RunOption" || (rude && s.PendingOp == "Capture");
+  // A capture that the rude host does not end goes on, and a hook's reply that no hook has asked
+  // for stays until one is called.
+  const bool left = rude && (s.PendingOp == "Capture" || s.PendingOp == "ReturnCase");
+  const bool allowed = s.PendingOp.empty() || s.PendingOp == "RunOption" || left;
   if (!allowed) verdict_.Fail("quiet", "PendingOp is " + s.PendingOp);
   if (s.FrameStart != 0) verdict_.Fail("quiet", "a frame is open");
   if (desktop().Pointer() != MousePointer::Default) verdict_.Fail("quiet", "the pointer waits");
@@ -124,8 +126,11 @@ void Rules::CheckKeyboard() {
   if (Session().PendingOp == "Capture") return;  // the terminal is locked meanwhile
   const Window* front = desktop().focus().Front();
   if (!front) return verdict_.Fail("quiet", "no window is in front");
-  // Behind a report that is looked at, the terminal stays locked until the viewer is closed.
-  if (LoadedForm<frmReport>() && front->Name() == "frmTelnet") return;
+  // Behind a report that is looked at, the terminal stays locked until the viewer is closed; behind
+  // a capture that the rude host has broken by a frame, until that host ends it.
+  const bool rude = RowOf(story_.kind).host == HostKind::Rude;
+  if ((rude || LoadedForm<frmReport>()) && front->Name() == "frmTelnet" && !front->Enabled())
+    return;
   if (!front->TakesInput()) {
     return verdict_.Fail("quiet", front->Name() + " is in front and takes no input");
   }

@@ -9,6 +9,7 @@
 #include "link/SessionState.h"
 #include "link/StartUp.h"
 #include "menus/mdiMain.h"
+#include "terminal/frmTelnet.h"
 
 namespace quorvel::sim {
 namespace {
@@ -51,7 +52,7 @@ std::optional<Failure> Simulation::Run() {
   desktop_->Post(EventKind::Program, [] { Main(); });
   for (const Track track : {Track::Operator, Track::Host, Track::Line}) ScheduleFirst(track);
   backend_.RunUntilIdle();
-  if (!backend_.ended && !verdict_.IsOver()) verdict_.Fail("quiet", "the program has not ended");
+  if (!backend_.ended && !verdict_.IsOver() && !IsLockedByHost()) verdict_.Fail("quiet", "the program has not ended");
   desktop_.reset();
   rules_.CheckEnd();
   Session() = SessionState{};
@@ -166,6 +167,12 @@ bool Simulation::GoOnToTheEnd() {
   return LeaveWindow();
 }
 
+// A program can't be ended in a terminal that the rude host has locked by half a capture.
+bool Simulation::IsLockedByHost() const {
+  const auto* terminal = LoadedForm<frmTelnet>();
+  return terminal && !terminal->Enabled() && RowOf(story_.kind).host == HostKind::Rude;
+}
+
 // A program of the host in the terminal is ended by its own words; it would take the line of the
 // log-off for its input.
 bool Simulation::LeaveProgram() {
@@ -179,6 +186,7 @@ bool Simulation::LeaveProgram() {
 // Nothing is open any more but the windows.
 bool Simulation::LeaveWindow() {
   if (++leavingActs_ > kMostLeavingActs) {
+    if (IsLockedByHost()) return false;
     verdict_.Fail("quiet", "no way to the end of the program");
     return false;
   }

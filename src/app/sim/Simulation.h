@@ -68,6 +68,7 @@ class Simulation {
   bool GoOnToTheEnd();
   bool LeaveWindow();
   bool LeaveProgram();
+  bool IsLockedByHost() const;
   bool IsInWait() const;
   void Tell(const std::string& line) const;
 

@@ -35,9 +35,8 @@ class Reconnect {
  public:
   explicit Reconnect(const Workplace& place) : place_(place), user_(place.backend) {}
 
-  // The link is lost where `before` leads to; `after` closes what the user must close himself,
-  // `inNext` is done in the next session.
-  Story Lost(std::string where, Steps before, Steps after, bool orderly, Steps inNext = {}) const;
+  // The link is lost where `before` leads to; `after` closes what the user must close himself.
+  Story Lost(std::string where, Steps before, Steps after, bool orderly) const;
   Story LoggedOff() const;
   Story HostIsDown() const;
 
@@ -80,13 +79,11 @@ Steps Reconnect::StartAndLogIn(bool ask) const {
   return steps;
 }
 
-Story Reconnect::Lost(std::string where, Steps before, Steps after, bool orderly,
-                      Steps inNext) const {
+Story Reconnect::Lost(std::string where, Steps before, Steps after, bool orderly) const {
   Steps steps = std::move(before);
   steps.back().act = [&host = place_.host, orderly] { orderly ? host.ShutDown() : host.Kill(); };
   steps.insert(steps.end(), after.begin(), after.end());
   for (const TourStep& step : StartAndLogIn(orderly)) steps.push_back(step);
-  steps.insert(steps.end(), inNext.begin(), inNext.end());
   return {"link lost " + std::move(where), std::move(steps)};
 }
 
@@ -144,11 +141,6 @@ std::vector<Story> ReconnectStories(const Workplace& place) {
   const Hands user(place.backend);
   const auto reportMenu = [] { return MenuShows("Reports for the Workstation"); };
   const auto leaveScreen = [user] { user.Click(EntryScreen()->cmdExit); };
-  // The screen with the open record has stayed: opened anew in the next session, it goes on.
-  const Steps leaveRecord = {{"", MainMenuShows, r.Open("AR.CUSTOMER")},
-                             {"", RecordShows, [user] { user.Click(EntryScreen()->cmdCancel); }},
-                             {"", KeyEntryShows, leaveScreen},
-                             {"", MainMenuShows, nullptr}};
   const auto prompt = [user] { user.Click(Form<frmSubMenu>()->cmdTcl); };
 
   // clang-format off
@@ -166,12 +158,15 @@ std::vector<Story> ReconnectStories(const Workplace& place) {
       r.Lost("in a record",
              {{"", MainMenuShows, r.Open("AR.CUSTOMER")},
               {"", KeyEntryShows, r.Type("C1003\r")},
-              {"", RecordShows, nullptr}}, {}, false, leaveRecord),
+              {"", RecordShows, nullptr}}, {}, false),
       r.Lost("in a record that is cancelled then",
              {{"", MainMenuShows, r.Open("AR.CUSTOMER")},
               {"", KeyEntryShows, r.Type("C1004\r")},
               {"", RecordShows, nullptr}},
-             {{"", RecordShows, [user] { user.Click(EntryScreen()->cmdCancel); }}}, true, leaveRecord),
+             {{"", [] { return RecordShows() && EntryScreen()->cmdExit.Enabled(); },
+               [user] { user.Click(EntryScreen()->cmdCancel); }},
+              {"", [] { return BoxShows("Not connected"); }, [user] { user.AnswerBox(); }},
+              {"", RecordShows, leaveScreen}}, true),
       r.Lost("before a record",
              {{"", MainMenuShows, r.Open("IC.ITEM")},
               {"", KeyEntryShows, nullptr}},

@@ -340,7 +340,7 @@ PartOf::~PartOf() {
 
 const Desktop::Above* Desktop::InFront() const {
   const auto top = std::find_if(above_.rbegin(), above_.rend(), [](const Above& above) {
-    return !above.window || above.window->IsVisible();
+    return above.window ? above.window->IsVisible() : !above.closed;
   });
   return top == above_.rend() ? nullptr : &*top;
 }
@@ -348,6 +348,12 @@ const Desktop::Above* Desktop::InFront() const {
 bool Desktop::IsBlocked(const Window& window) const {
   const Above* top = InFront();
   return top && top->window != &window;
+}
+
+void Desktop::BoxHasClosed() {
+  const auto top = std::find_if(above_.rbegin(), above_.rend(),
+                                [](const Above& above) { return !above.window && !above.closed; });
+  if (top != above_.rend()) top->closed = true;
 }
 
 bool Desktop::IsBoxInFront() const {

@@ -115,6 +115,9 @@ class Desktop {
   bool IsBlocked(const Window& window) const;
   // Whether a box, not a window, takes the input of the user.
   bool IsBoxInFront() const;
+  // For backends: the box in front has been answered and is gone from the screen. Its call may
+  // return later, when what began above it on the stack is over.
+  void BoxHasClosed();
 
   // --- windows
   Focus& focus() { return focus_; }
@@ -167,6 +170,7 @@ class Desktop {
   // A box, or a modal window, that is open.
   struct Above {
     const Window* window;  // nullptr: a box
+    bool closed = false;   // a box that has been answered; what it was asked by goes on later
   };
   class Serving;
 

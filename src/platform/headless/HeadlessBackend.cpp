@@ -1,5 +1,6 @@
 #include "platform/headless/HeadlessBackend.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "platform/RuntimeError.h"
@@ -131,6 +132,11 @@ void HeadlessBackend::RunUntilIdle() {
 
 // --- boxes and dialogs
 
+void HeadlessBox::Close() {
+  answered = true;
+  if (kind != Kind::PopUp) desktop().BoxHasClosed();
+}
+
 // Serves events until it is answered, or the program ends. Where nothing will ever come any more,
 // it is left as it stands: by its first button, or by a cancel.
 HeadlessBox HeadlessBackend::KeepOpen(HeadlessBox box) {
@@ -148,7 +154,12 @@ HeadlessBox HeadlessBackend::KeepOpen(HeadlessBox box) {
 }
 
 HeadlessBox* HeadlessBackend::BoxInFront() const {
-  return openBoxes.empty() || !desktop().IsBoxInFront() ? nullptr : openBoxes.back();
+  if (!openBoxes.empty() && openBoxes.back()->kind == HeadlessBox::Kind::PopUp) {
+    return openBoxes.back()->answered ? nullptr : openBoxes.back();
+  }
+  const auto open = std::find_if(openBoxes.rbegin(), openBoxes.rend(),
+                                 [](const HeadlessBox* box) { return !box->answered; });
+  return open == openBoxes.rend() || !desktop().IsBoxInFront() ? nullptr : *open;
 }
 
 MessageBoxAnswer HeadlessBackend::ShowMessageBox(const MessageBoxRequest& request) {

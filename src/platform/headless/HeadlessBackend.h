@@ -47,6 +47,8 @@ struct HeadlessBox {
   MessageBoxRequest message;  // of Kind::Message
   MenuItem* menu;             // of Kind::PopUp
   bool answered = false;
+  // The user has given the answer below.
+  void Close();
 
   // --- the answer
   MessageBoxAnswer answer = MessageBoxAnswer::Ok;

@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 
+#include "platform/controls/Desktop.h"
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/BoxAbove.h"
 #include "platform/qt/Looks.h"
@@ -25,6 +26,7 @@ bool IsAgreed(QDialog& dialog, const char* name) {
   dialog.setAccessibleName(dialog.windowTitle());
   dialog.setAccessibleDescription(AccessibleDescription(QString(), name));
   const BoxAbove above(&dialog);
+  QObject::connect(&dialog, &QDialog::finished, &dialog, [] { desktop().BoxHasClosed(); });
   return dialog.exec() == QDialog::Accepted;
 }
 

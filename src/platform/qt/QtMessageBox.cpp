@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/controls/Desktop.h"
 #include "platform/qt/Accessibility.h"
 #include "platform/qt/BoxAbove.h"
 #include "platform/qt/Text.h"
@@ -94,6 +95,7 @@ MessageBoxAnswer ExecMessageBox(const MessageBoxRequest& request, QWidget* shell
   box.setEscapeButton(buttons.back());
   box.setWindowModality(Qt::ApplicationModal);
   const BoxAbove above(&box, shell);
+  QObject::connect(&box, &QDialog::finished, &box, [] { desktop().BoxHasClosed(); });
   const int pressed = box.exec();
   // The program's end closes the box with no button of its own.
   const bool own = std::find(buttons.begin(), buttons.end(), pressed) != buttons.end();
