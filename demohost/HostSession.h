@@ -46,6 +46,7 @@ class HostSession final : public Console {
   /// The menu or program that is on.
   const std::string& Doing() const { return doing_; }
   bool IsAtLineStart() const { return reader_.IsAtLineStart(); }
+  bool HasLostRequest() const { return reader_.HasLostRequest(); }
   bool IsInProgram() const { return phase_ == Phase::Program; }
   /// What has been sent that the client has yet to answer by a line.
   struct Owed {

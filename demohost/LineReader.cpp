@@ -48,6 +48,8 @@ LineReader::Event LineReader::Feed(char byte, std::string& echo) {
 }
 
 LineReader::Event LineReader::FeedTyping(char byte, std::string& echo) {
+  const bool verb = byte >= 'A' && byte <= 'Z';
+  if (std::exchange(afterDelete_, false) && verb && framesAllowed_) lostRequest_ = true;
   if (byte == kCr) {
     afterReturn_ = true;
     echo += "\r\n";
@@ -60,6 +62,7 @@ LineReader::Event LineReader::FeedTyping(char byte, std::string& echo) {
   } else if (byte == kBackspace || byte == kFrameMark) {
     if (line_.empty()) return Event::None;
     line_.pop_back();
+    afterDelete_ = byte == kFrameMark;
     echo += "\b \b";
   } else if (Printable(byte)) {
     if (line_.size() == kLineLimit) {

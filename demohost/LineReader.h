@@ -25,6 +25,9 @@ class LineReader {
   bool EndsLine(char byte) const;
   /// False while a line or a request has begun; what comes next could not begin a request.
   bool IsAtLineStart() const { return state_ == State::Typing && line_.empty(); }
+  /// True once a request has come behind typed text, where the mark is the delete key and the rest
+  /// more text: the client can't know that a line is half typed.
+  bool HasLostRequest() const { return lostRequest_; }
   /// Takes that CR without ending the line: what has been typed so far stays.
   void SkipReturn() {
     state_ = State::Typing;
@@ -45,6 +48,8 @@ class LineReader {
   State state_ = State::Typing;
   bool framesAllowed_ = false;
   bool afterReturn_ = false;
+  bool afterDelete_ = false;  // of a character that was there, by the frame mark
+  bool lostRequest_ = false;
   std::string line_;
   std::string text_;
 };

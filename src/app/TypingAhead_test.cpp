@@ -3,6 +3,7 @@
 
 #include "app/SlowHostTest.h"
 #include "entry/frmList.h"
+#include "menus/frmHelpText.h"
 #include "menus/frmSubMenu.h"
 
 namespace quorvel {
@@ -274,6 +275,27 @@ TEST_F(TypingAheadInMenus, TheNextMenuGetsIt) {
   Line().Deliver(MenuOf("Next", "Two", "B.MENU"));
   backend.RunUntilIdle();
   EXPECT_EQ(TakeRequests(), Texts{"READ DICTIONARY B.MENU"});
+}
+
+// What else the host sends ahead of its answer takes nothing from the run.
+TEST_F(TypingAheadInMenus, WhatComesBetweenLeavesTheRunItsReply) {
+  const auto isSlow = [](const Texts& f) { return f[0] == "CASELOGIC" || f[1] == "MENUS"; };
+  onRequest = [&](const Texts& f) {
+    return isSlow(f) ? std::optional<std::string>("") : std::nullopt;
+  };
+  Session().CaseProgram = "P";
+  Session().CaseHook = "ai_KEY";
+  Menu().lstOptions(0).UserPick(1);
+  Press(KeyCode::Return);
+  Meanwhile([this] { Line().Deliver(FrameOf({"~FIELDHELP~", "KEY", "MENU", "Heading"})); });
+  Meanwhile([this] { Line().Deliver(FrameOf({"~CASELOGIC~", "ai_KEY", "", "", "data"})); });
+  Run([] { CaseCall("0"); });
+  EXPECT_NE(LoadedForm<frmHelpText>(), nullptr);
+  Line().Deliver(FrameOf({"OK"}));
+  backend.RunUntilIdle();
+  EXPECT_EQ(plain, "A.MENU\r");
+  EXPECT_EQ(BoxTexts(), Texts{});
+  EXPECT_EQ(Session().PendingOp, "");
 }
 
 // The ways out are served at once.

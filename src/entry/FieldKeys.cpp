@@ -2,6 +2,7 @@
 
 #include "entry/Conversions.h"
 #include "entry/NumberText.h"
+#include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
@@ -31,7 +32,7 @@ void FieldKeys::EnterText(int number) {
   if (!box || arriving_ >= kMostArrivals) return;
   const ScopedCount arriving(arriving_);
   if (s.PendingOp == "ReturnAns") {
-    s.PendingOp.clear();
+    ResumeAwaiting();
     box->Text = s.ListAnswer;
     PressEnter(number);
     s.CurrentField = static_cast<std::int16_t>(number);
@@ -155,13 +156,13 @@ void FieldKeys::TakeListAnswer(int number) {
   if (p_.fields.TextBoxOf(number)) {
     p_.screen.Focus(p_.fields.BoxOf(number));
   } else if (ComboBox* combo = p_.fields.ComboBoxOf(number)) {
-    s.PendingOp.clear();
+    ResumeAwaiting();
     const int item = combo->List.Find(s.ListAnswer);
     if (item >= 0) combo->ListIndex = item;
     p_.screen.Focus(combo);
   }
   // A box that can't take the keyboard takes no answer; no later one is to take it.
-  if (s.PendingOp == "ReturnAns") s.PendingOp.clear();
+  if (s.PendingOp == "ReturnAns") ResumeAwaiting();
 }
 
 }  // namespace quorvel

@@ -4,6 +4,7 @@
 #include "entry/frmList.h"
 #include "entry/frmLocate.h"
 #include "link/HandOvers.h"
+#include "link/HostWait.h"
 #include "link/SessionState.h"
 #include "platform/controls/Desktop.h"
 
@@ -82,7 +83,7 @@ void InstallEntry() {
   };
   ask.FocusField = [](int number) {
     // Without the field, nobody is to take the answer later.
-    if (!LoadedForm<frmEntry>()) Session().PendingOp.clear();
+    if (!LoadedForm<frmEntry>()) ResumeAwaiting();
     WithScreen([&](frmEntry& screen) { screen.TakeListAnswer(number); });
   };
 }

@@ -59,9 +59,8 @@ void AppendToCapture(std::string_view block) {
                    MessageBoxStyle::kExclamation);
 }
 
-// What was waited for all the while is waited for still.
 void EndCapture() {
-  Session().PendingOp = AwaitedBeside();
+  ResumeAwaiting();
 }
 
 void TakeCaptureOff() {

@@ -17,6 +17,8 @@
 namespace quorvel {
 namespace {
 
+bool IsAwaited(std::string_view pendingOp);
+
 std::string MessageField(std::int16_t n) {
   return FieldOf(Session().HostMessage, FS, n);
 }
@@ -54,7 +56,7 @@ void TakeCaseLogic() {
   if (HostWait* wait = UnansweredWait(kReturnCase)) {
     wait->TakeReply();
     // A report that is being captured goes on; so does what another window waits for.
-    if (s.PendingOp == kCapture || UnansweredWait(s.PendingOp)) return;
+    if (s.PendingOp == kCapture || IsAwaited(s.PendingOp)) return;
   }
   s.PendingOp = kReturnCase;
 }
@@ -166,15 +168,14 @@ void TakeStopPrint() {
 }
 
 void Reply(const std::string& token);
-bool IsWaitedFor(std::string_view pendingOp);
 std::string AwaitedOp();
 
-// PendingOp is as it was when this ends: what waits for a record goes on waiting for it.
+// PendingOp is as it was when this ends: what waits for a reply goes on waiting for it.
 void AskByHelpText() {
   SessionState& s = Session();
   const std::string pending = std::exchange(s.PendingOp, "ReadHelp");
   Reply(MessageField(1));
-  if (IsWaitedFor(pending)) s.PendingOp = pending;
+  if (IsAwaited(pending)) s.PendingOp = pending;
 }
 
 void TakeFieldHelp() {
@@ -283,7 +284,9 @@ const ReplyRow* FindReply(std::string_view pendingOp) {
   return row == std::end(kReplies) ? nullptr : row;
 }
 
-bool IsWaitedFor(std::string_view pendingOp) {
+// Whether its reply is still to come.
+bool IsAwaited(std::string_view pendingOp) {
+  if (pendingOp == "RunOption") return Session().Run.AwaitsReply();
   const ReplyRow* row = FindReply(pendingOp);
   return row && row->waits;
 }

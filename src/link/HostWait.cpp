@@ -34,6 +34,10 @@ std::string AwaitedBeside() {
   return s.Run.AwaitsReply() ? "RunOption" : "";
 }
 
+void ResumeAwaiting() {
+  Session().PendingOp = AwaitedBeside();
+}
+
 // The host answers in the order in which it was asked.
 bool SettleGivenUp(bool isHookReply) {
   SessionState& s = Session();

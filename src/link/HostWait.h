@@ -63,6 +63,10 @@ HostWait* UnansweredWait(std::string_view pendingOp);
 // capture of a report); empty where nothing is waited for.
 std::string AwaitedBeside();
 
+// What had taken the place of PendingOp for a while is over: what is waited for still stands there
+// again.
+void ResumeAwaiting();
+
 // Whether the frame that has come is the reply to a wait that a log-off has ended; then that is
 // settled, and nobody is to see it.
 bool SettleGivenUp(bool isHookReply);

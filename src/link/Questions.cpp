@@ -37,7 +37,7 @@ void Questions::Answered() {
 void Questions::AskNext() {
   open_ = false;
   if (waiting_.empty()) return;
-  const Waiting next = std::move(waiting_.front());
+  const Question next = std::move(waiting_.front());
   waiting_.pop_front();
   Session().HostMessage = next.message;
   next.ask();

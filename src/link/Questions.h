@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <string>
@@ -16,18 +17,19 @@ class Questions {
   void Open() { open_ = true; }
   // The open question has been answered: the next one is asked, as an event of its own.
   void Answered();
+  std::size_t Waiting() const { return waiting_.size(); }
   // Those that wait are forgotten.
   void Drop() { waiting_.clear(); }
 
  private:
-  struct Waiting {
+  struct Question {
     std::string message;
     std::function<void()> ask;
   };
   void AskNext();
 
   bool open_ = false;
-  std::deque<Waiting> waiting_;
+  std::deque<Question> waiting_;
 };
 
 }  // namespace quorvel

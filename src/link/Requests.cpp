@@ -37,6 +37,10 @@ void SendAndWait(const std::string& pendingOp, const std::string& request) {
   wait.Run([&] { return s.PendingOp == pendingOp || s.PendingOp == kCapture; });
 }
 
+void ForgetHookReply() {
+  if (Session().PendingOp == kReturnCase) Session().PendingOp.clear();
+}
+
 }  // namespace
 
 void SendToHost(const std::string& text) {
@@ -105,12 +109,14 @@ void CaseCall(const std::string& argument) {
                                  s.OriginalRecord, s.CaseData});
   // The limit is on the frame alone, its CR not counted.
   if (RefuseLongInput(request.substr(0, request.size() - 1))) return;
-  // A reply that nobody waited for is none to this call.
-  if (s.PendingOp == kReturnCase) s.PendingOp.clear();
+  ForgetHookReply();  // that nobody waited for: it is none to this call
+  // A log-off ends the wait even when the reply has come.
+  const struct Ending {
+    ~Ending() { ForgetHookReply(); }
+  } ending;
   HostWait wait(kReturnCase);
   SendToHost(request);
   wait.Run([&s] { return s.PendingOp != kReturnCase; });
-  if (s.PendingOp == kReturnCase) s.PendingOp.clear();
 }
 
 void RunOption() {

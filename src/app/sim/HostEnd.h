@@ -25,7 +25,7 @@ class HostEnd {
   // Each element a write; in the order in which they are to go out.
   std::vector<std::string> TakeWrites();
   // Whether a request has come behind typed text, which no host can tell from more of it.
-  bool HasLostRequest() const { return lost_ || requests_.HasLost(); }
+  bool HasLostRequest() const { return lost_ || session_.HasLostRequest(); }
   bool HasEnded() const { return session_.Ended(); }
   const demohost::HostSession& Session() const { return session_; }
 

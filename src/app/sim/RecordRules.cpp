@@ -45,10 +45,12 @@ std::map<int, std::string> BoxesOf(frmEntry& window, const demohost::Screen& scr
   return boxes;
 }
 
-// The first attribute in which the record is not what stands in the boxes.
+// The first attribute in which the record is not what stands in the boxes. Nothing but blanks is
+// stored as nothing.
 std::optional<int> Difference(const std::map<int, std::string>& boxes, const std::string& record) {
   for (const auto& [attribute, text] : boxes) {
-    if (demohost::Attribute(record, attribute) != text) return attribute;
+    const bool blank = text.find_first_not_of(' ') == std::string::npos;
+    if (demohost::Attribute(record, attribute) != (blank ? "" : text)) return attribute;
   }
   return std::nullopt;
 }

@@ -10,14 +10,10 @@ using demohost::kFrameMark;
 
 std::optional<std::string> RequestReader::Feed(char byte) {
   switch (state_) {
-    case State::Behind:
-      lost_ = lost_ || (byte >= 'A' && byte <= 'Z');
-      state_ = byte == kCr ? State::LineStart : State::Line;
-      return std::nullopt;
     case State::LineStart:
     case State::Line:
-      if (byte == kFrameMark) {
-        state_ = state_ == State::LineStart ? State::Marked : State::Behind;
+      if (state_ == State::LineStart && byte == kFrameMark) {
+        state_ = State::Marked;
       } else {
         state_ = byte == kCr ? State::LineStart : State::Line;
       }

@@ -32,14 +32,13 @@ class RequestReader {
   bool IsInside() const {
     return state_ == State::Marked || state_ == State::Request || state_ == State::Closed;
   }
-  // A request has begun behind typed text: to the host that is the delete key and more text.
-  bool HasLost() const { return lost_; }
+  // A line of text has begun and not ended.
+  bool IsInText() const { return state_ == State::Line; }
 
  private:
-  enum class State { LineStart, Line, Behind, Marked, Request, Closed };
+  enum class State { LineStart, Line, Marked, Request, Closed };
   State state_ = State::LineStart;
   std::string text_;
-  bool lost_ = false;
 };
 
 // Finds the frames of the host in what the client gets.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "demohost/Marks.h"
 #include "entry/frmList.h"
 #include "link/SessionState.h"
 #include "link/frmPassword.h"
@@ -29,6 +30,7 @@ Rules::Rules(const Story& story, Workplace& place, Verdict& verdict, const Telle
       tell_(tell),
       login_(verdict),
       saved_(verdict, place),
+      answered_(verdict),
       boxes_(verdict),
       owners_(verdict),
       memory_(verdict, place) {}
@@ -41,6 +43,7 @@ void Rules::OnAccepted() {
   frames_ = {};
   login_.OnAccepted();
   saved_.OnAccepted();
+  answered_.OnAccepted();
   boxes_.Forget();
   memory_.OnSession();
 }
@@ -48,7 +51,9 @@ void Rules::OnAccepted() {
 void Rules::OnSent(std::string_view bytes) {
   if (tell_) tell_("  client: " + Readable(bytes));
   login_.OnSent(bytes);
-  if (HostIsSample()) saved_.OnSent(bytes);
+  if (!HostIsSample()) return;
+  saved_.OnSent(bytes);
+  answered_.OnSent(bytes);
 }
 
 void Rules::OnDelivered(std::string_view bytes) {
@@ -87,6 +92,11 @@ void Rules::OnRequest(const std::string& text, int port) {
 
 // --- the desktop
 
+void Rules::OnTyped(const std::string& text) {
+  login_.OnTyped(text);
+  answered_.OnTyped(text);
+}
+
 void Rules::OnBox(const MessageBoxRequest& box) {
   if (tell_) tell_("  box: " + Readable(box.title) + ": " + Readable(box.text));
   if (box.text.starts_with(kFailureBox)) verdict_.Fail("alive", Readable(box.text));
@@ -106,7 +116,7 @@ void Rules::CheckQuiet(const demohost::HostSession* host) {
   saved_.CheckPromise();
   CheckState();
   CheckKeyboard();
-  if (HostIsSample()) CheckOwed(*host);
+  if (HostIsSample()) answered_.CheckQuiet(*host);
 }
 
 void Rules::CheckState() {
@@ -143,22 +153,53 @@ void Rules::CheckKeyboard() {
   }
 }
 
+void Rules::CheckEnd() {
+  owners_.CheckEnd();
+  memory_.CheckEnd();
+}
+
+// --- questions and answers
+
+void AnsweredRule::OnAccepted() {
+  data_ = {};
+  requests_ = {};
+  typedReturns_ = 0;
+  hasEndedText_ = false;
+}
+
+// Returns in the program's windows are not sent as such.
+void AnsweredRule::OnTyped(const std::string& text) {
+  const Window* front = desktop().focus().Front();
+  if (!front || front->Name() != "frmTelnet") return;
+  typedReturns_ += std::count(text.begin(), text.end(), demohost::kCr);
+}
+
+// The answer to a help text is a return. Behind half a line it ends that line, and the host can't
+// see that it was an answer.
+void AnsweredRule::OnSent(std::string_view bytes) {
+  for (const char byte : bytes) {
+    const auto data = data_.Feed(byte);
+    if (!data) continue;
+    const bool endsText = requests_.IsInText() && *data == demohost::kCr;
+    requests_.Feed(*data);
+    if (!endsText) continue;
+    if (typedReturns_ == 0) hasEndedText_ = true;
+    typedReturns_ = std::max<std::ptrdiff_t>(0, typedReturns_ - 1);
+  }
+}
+
 // What the host waits for must be there for the user to answer.
-void Rules::CheckOwed(const demohost::HostSession& host) {
+void AnsweredRule::CheckQuiet(const demohost::HostSession& host) {
   const auto owed = host.StillOwed();
   if (owed.boxes > 0) {
     verdict_.Fail("answered", std::to_string(owed.boxes) + " boxes of the host have no answer");
   }
   // The host takes an empty line for either, so the two are counted together.
   const int shown = (LoadedForm<frmList>() ? 1 : 0) + (LoadedForm<frmHelpText>() ? 1 : 0);
-  if (owed.lists + owed.helps > shown) {
-    verdict_.Fail("answered", "a list or help window of the host has no answer");
-  }
-}
-
-void Rules::CheckEnd() {
-  owners_.CheckEnd();
-  memory_.CheckEnd();
+  const std::size_t waiting = Session().Lists.Waiting() + Session().HelpTexts.Waiting();
+  if (owed.lists + owed.helps <= shown + static_cast<int>(waiting)) return;
+  if (hasEndedText_) return verdict_.Excuse("an answer behind a line half typed");
+  verdict_.Fail("answered", "a list or help window of the host has no answer");
 }
 
 // --- boxes in their order

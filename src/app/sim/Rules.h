@@ -84,6 +84,23 @@ class FramesRule {
   std::deque<Due> due_;
 };
 
+// Each question of the sample host gets its answer.
+class AnsweredRule {
+ public:
+  explicit AnsweredRule(Verdict& verdict) : verdict_(verdict) {}
+  void OnAccepted();
+  void OnSent(std::string_view bytes);
+  void OnTyped(const std::string& text);
+  void CheckQuiet(const demohost::HostSession& host);
+
+ private:
+  Verdict& verdict_;
+  DataBytes data_;
+  RequestReader requests_;
+  std::ptrdiff_t typedReturns_ = 0;  // by the operator, and not sent yet
+  bool hasEndedText_ = false;        // an answer has ended a line that the operator had half typed
+};
+
 // Every window that has been loaded is the desktop's, or gone.
 class OwnersRule {
  public:
@@ -133,7 +150,7 @@ class Rules final : public WireWatch {
   // --- the desktop and the operator
   void OnBox(const MessageBoxRequest& box);
   void OnLoad(Window& window) { owners_.OnLoad(window); }
-  void OnTyped(const std::string& text) { login_.OnTyped(text); }
+  void OnTyped(const std::string& text);
   void OnSaveClicked() { saved_.OnSaveClicked(); }
 
   // Nothing is under way, nothing is handled or open.
@@ -145,7 +162,6 @@ class Rules final : public WireWatch {
   void OnFrame(const std::string& frame);
   void CheckState();
   void CheckKeyboard();
-  void CheckOwed(const demohost::HostSession& host);
 
   const Story& story_;
   Verdict& verdict_;
@@ -154,6 +170,7 @@ class Rules final : public WireWatch {
   FrameReader frames_;
   LoginRule login_;
   SavedRule saved_;
+  AnsweredRule answered_;
   FramesRule boxes_;
   OwnersRule owners_;
   MemoryRule memory_;

@@ -205,13 +205,13 @@ TEST(Requests, AreFoundAtTheBeginningOfALine) {
     if (const auto request = reader.Feed(byte)) found.push_back(*request);
   }
   EXPECT_EQ(found, (std::vector<std::string>{"READ\xFAX", "LOCK"}));
-  EXPECT_FALSE(reader.HasLost());
 }
 
-TEST(Requests, AreLostBehindTypedText) {
+TEST(Requests, AreTextBehindTypedText) {
   RequestReader reader;
-  for (const char byte : std::string("abc\x7FREAD\x7F\r")) EXPECT_FALSE(reader.Feed(byte));
-  EXPECT_TRUE(reader.HasLost());
+  for (const char byte : std::string("abc\x7FREAD\x7F")) EXPECT_FALSE(reader.Feed(byte));
+  EXPECT_TRUE(reader.IsInText());
+  EXPECT_FALSE(reader.Feed('\r'));
 }
 
 TEST(Shortening, KeepsWhatTheFailureNeeds) {
