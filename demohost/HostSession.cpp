@@ -170,6 +170,9 @@ void HostSession::OnLine(const std::string& line) {
 void HostSession::OnRequest(const std::string& text) {
   auto reply = Answer({application_, port_, user_, memory_}, text);
   runRequested_ = std::move(reply.runOption);
+  // A text that is written is open till now: the empty line that was taken for its own was the
+  // answer to a list.
+  if (reply.helpChange < 0 && helpsOpen_ == 0) listOpen_ = false;
   helpsOpen_ = std::clamp(helpsOpen_ + reply.helpChange, 0, 1);
   listOpen_ = listOpen_ || reply.list;
   if (IsCaseLogic(text)) return SendRules(std::move(reply));

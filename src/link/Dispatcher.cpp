@@ -53,12 +53,13 @@ void TakeCaseLogic() {
   s.EntryRecord = MessageField(3);
   s.OriginalRecord = MessageField(4);
   s.CaseData = MessageField(5);
+  // A report that is being captured goes on; so does what another window waits for.
+  bool others = s.Run.AwaitsReply();
   if (HostWait* wait = UnansweredWait(kReturnCase)) {
     wait->TakeReply();
-    // A report that is being captured goes on; so does what another window waits for.
-    if (s.PendingOp == kCapture || IsAwaited(s.PendingOp)) return;
+    others = others || s.PendingOp == kCapture || IsAwaited(s.PendingOp);
   }
-  s.PendingOp = kReturnCase;
+  if (!others) s.PendingOp = kReturnCase;
 }
 
 void TakeGenOut() {
@@ -284,9 +285,8 @@ const ReplyRow* FindReply(std::string_view pendingOp) {
   return row == std::end(kReplies) ? nullptr : row;
 }
 
-// Whether its reply is still to come.
+// Whether a window waits for its reply.
 bool IsAwaited(std::string_view pendingOp) {
-  if (pendingOp == "RunOption") return Session().Run.AwaitsReply();
   const ReplyRow* row = FindReply(pendingOp);
   return row && row->waits;
 }
@@ -306,7 +306,7 @@ void Reply(const std::string& token) {
     std::string pending = Session().PendingOp;
     std::string awaited = AwaitedOp();
     ~Ending() {
-      if (awaited == pending && Session().PendingOp == pending) Session().PendingOp.clear();
+      if (awaited == pending && Session().PendingOp == pending) ClearPendingOp();
     }
   } ending;
   const ReplyRow* row = FindReply(ending.awaited);

@@ -34,6 +34,10 @@ std::string AwaitedBeside() {
   return s.Run.AwaitsReply() ? "RunOption" : "";
 }
 
+void ClearPendingOp() {
+  Session().PendingOp = Session().Run.AwaitsReply() ? "RunOption" : "";
+}
+
 void ResumeAwaiting() {
   Session().PendingOp = AwaitedBeside();
 }

@@ -63,6 +63,9 @@ HostWait* UnansweredWait(std::string_view pendingOp);
 // capture of a report); empty where nothing is waited for.
 std::string AwaitedBeside();
 
+// Empties PendingOp, but for a run whose reply is still to come: it stands there again.
+void ClearPendingOp();
+
 // What had taken the place of PendingOp for a while is over: what is waited for still stands there
 // again.
 void ResumeAwaiting();

@@ -38,7 +38,7 @@ void SendAndWait(const std::string& pendingOp, const std::string& request) {
 }
 
 void ForgetHookReply() {
-  if (Session().PendingOp == kReturnCase) Session().PendingOp.clear();
+  if (Session().PendingOp == kReturnCase) ClearPendingOp();
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ class DataBytes {
  public:
   std::optional<char> Feed(char byte) {
     const auto data = telnet_.Feed(byte);
-    telnet_.TakeAnswers();
+    if (!data) telnet_.TakeAnswers();
     return data;
   }
 
