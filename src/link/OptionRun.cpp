@@ -19,6 +19,7 @@ bool OptionRun::DropsAnother() const {
 }
 
 void OptionRun::Begin() {
+  End();  // of one whose answer has been lost to another
   stage_ = Stage::LookUp;
   menu_ = Session().MenuText;
 }

@@ -123,11 +123,13 @@ void RunOption() {
   SessionState& s = Session();
   struct Running {
     Running() { Session().Run.Begin(); }
+    // The next session has a run of its own.
     ~Running() {
-      if (!requested && !desktop().IsRunningStale()) Session().Run.End();
+      if (!requested && session == desktop().Generation()) Session().Run.End();
     }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
+    const unsigned session = desktop().Generation();
     bool requested = false;
   } running;
   ReadRecord("DICTIONARY", s.OptionId);

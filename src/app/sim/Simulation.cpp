@@ -152,9 +152,10 @@ bool Simulation::GoOnToTheEnd() {
     return true;
   }
   const auto windows = desktop_->LoadedWindows();
-  // A report's viewer keeps the terminal locked.
+  // A report's viewer keeps the terminal locked; in a wait it stays.
   const auto above = std::find_if(windows.begin(), windows.end(), [](const Window* window) {
-    return (window->IsModal() || window->Name() == "frmReport") && window->TakesInput();
+    const bool report = window->Name() == "frmReport" && !desktop().KeepsInput(*window);
+    return (window->IsModal() || report) && window->TakesInput();
   });
   if (above != windows.end()) {
     hands_.CloseBox(**above);
