@@ -23,10 +23,11 @@ class SimTransport : public Transport {
   SimTransport(const SimTransport&) = delete;
   SimTransport& operator=(const SimTransport&) = delete;
 
-  void Open(const std::string&, std::uint16_t, TransportListener& listener) override {
+  void Open(const std::string& host, std::uint16_t, TransportListener& listener) override {
     Close();
     line_ = std::make_shared<Network::Connection>();
     line_->listener = &listener;
+    line_->name = host;
     network_.Open(line_);
   }
   void Write(std::string_view bytes) override {
@@ -59,8 +60,9 @@ const demohost::HostSession* Network::Session() const {
 void Network::Open(const Line& line) {
   agenda_.In(kToConnect, Track::Wire, [this, line] {
     if (!line->listener) return;
-    if (std::exchange(refuseNext_, false)) return line->listener->OnFailed("refused");
-    Accept(line);
+    if (!std::exchange(refuseNext_, false)) return Accept(line);
+    watch_.OnRefused();
+    line->listener->OnFailed("refused");
   });
 }
 
@@ -70,7 +72,7 @@ void Network::Accept(const Line& line) {
   line->host = std::make_unique<HostEnd>(
       host_, ++port_, story_,
       [this](const std::string& text, int port) { watch_.OnRequest(text, port); });
-  watch_.OnAccepted();
+  watch_.OnAccepted(line->name);
   line->listener->OnOpened();
   line->host->Start();
   SendAnswers(line);

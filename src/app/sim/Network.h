@@ -15,7 +15,8 @@ namespace quorvel::sim {
 // Sees what goes over the line.
 class WireWatch {
  public:
-  virtual void OnAccepted() = 0;
+  virtual void OnAccepted(const std::string& host) = 0;
+  virtual void OnRefused() = 0;
   virtual void OnSent(std::string_view bytes) = 0;       // by the client
   virtual void OnDelivered(std::string_view bytes) = 0;  // to the client
   virtual void OnLost() = 0;
@@ -51,6 +52,7 @@ class Network {
   friend class SimTransport;
   struct Connection {
     TransportListener* listener = nullptr;  // none once the client has closed
+    std::string name;                       // of the host, as the client has it
     bool open = false;
     bool reading = true;
     std::deque<std::string> held;  // arrived while the client does not read

@@ -59,7 +59,8 @@ std::optional<int> Difference(const std::map<int, std::string>& boxes, const std
 
 // --- login
 
-void LoginRule::OnAccepted() {
+void LoginRule::OnAccepted(const std::string& host) {
+  host_ = host;
   data_ = {};
   done_ = false;
   line_.clear();
@@ -74,6 +75,8 @@ bool LoginRule::IsLoginLine(const std::string& line) const {
   const SessionState& s = Session();
   // The setting asks for it, wherever the user logs off.
   if (s.ForceOff == 1 && line == "OFF") return true;
+  // A user goes to the host of his own configuration.
+  if ((host_ == kOtherHost) != (line == kOtherUser)) return false;
   return !s.LoginUser.empty() && (line == s.LoginUser || line == s.LoginPassword);
 }
 
@@ -103,14 +106,19 @@ void SavedRule::OnAccepted() {
   promise_.reset();
 }
 
-void SavedRule::OnSent(std::string_view bytes) {
+void SavedRule::OnSent(std::string_view bytes, bool hostIsSample) {
   for (const char byte : bytes) {
     const auto data = data_.Feed(byte);
     if (!data) continue;
     const auto request = requests_.Feed(*data);
     if (!request) continue;
     const auto fields = FieldsOf(*request);
-    if (fields.size() > 3 && fields[0] == "WRITE") CompareWithScreen(fields);
+    const bool writes = fields.size() > 3 && fields[0] == "WRITE";
+    wrote_ = wrote_ || writes;
+    if (writes && hostIsSample) CompareWithScreen(fields);
+    if (fields.size() > 4 && fields[0] == "LOCK" && hostIsSample && fields[3].empty()) {
+      verdict_.Fail("saved", "a record without a key is opened or left: " + Readable(*request));
+    }
   }
 }
 
@@ -143,6 +151,25 @@ void SavedRule::OnRequest(const std::string& text, int port) {
   const std::string owner = demohost::Attribute(fields[3], kIdentity);
   if (owner != demohost::Attribute(before, kIdentity)) {
     verdict_.Fail("saved", what + " with the fields of \"" + owner + "\"");
+  }
+}
+
+// What is asked behind a record that has been written is asked about fields that are cleared.
+void SavedRule::OnBox(const MessageBoxRequest& box) {
+  promise_.reset();
+  if (wrote_ && box.title == "Required Field") {
+    verdict_.Fail("saved", "a record has been written, and an entry of it is missed");
+  }
+}
+
+void SavedRule::CheckLocks(int port) {
+  const auto* window = LoadedForm<frmEntry>();
+  const bool open = window && !window->cmdExit.Enabled();
+  const SessionState& s = Session();
+  for (const auto& lock : place_.Host().RecordLocks().List()) {
+    if (lock.session != port || (open && lock.file == s.DataFile && lock.key == s.RecordKey))
+      continue;
+    verdict_.Fail("saved", lock.file + " " + lock.key + " stays locked and is not on the screen");
   }
 }
 

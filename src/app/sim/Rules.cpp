@@ -33,27 +33,41 @@ Rules::Rules(const Story& story, Workplace& place, Verdict& verdict, const Telle
       answered_(verdict),
       boxes_(verdict),
       owners_(verdict),
-      memory_(verdict, place) {}
+      memory_(verdict, place),
+      stream_(verdict),
+      menu_(verdict),
+      exit_(verdict),
+      help_(verdict),
+      link_(verdict) {}
 
 // --- the line
 
-void Rules::OnAccepted() {
+void Rules::OnAccepted(const std::string& host) {
   if (tell_) tell_("line: connected");
   data_ = {};
   frames_ = {};
-  login_.OnAccepted();
+  login_.OnAccepted(host);
   saved_.OnAccepted();
   answered_.OnAccepted();
   boxes_.Forget();
+  stream_.OnAccepted();
+  menu_.OnAccepted();
+  exit_.OnAccepted();
+  help_.OnLink(true);
+  link_.OnAccepted();
   memory_.OnSession();
+}
+
+void Rules::OnRefused() {
+  if (tell_) tell_("line: refused");
+  link_.OnRefused();
 }
 
 void Rules::OnSent(std::string_view bytes) {
   if (tell_) tell_("  client: " + Readable(bytes));
   login_.OnSent(bytes);
-  if (!HostIsSample()) return;
-  saved_.OnSent(bytes);
-  answered_.OnSent(bytes);
+  saved_.OnSent(bytes, HostIsSample());
+  if (HostIsSample()) answered_.OnSent(bytes);
 }
 
 void Rules::OnDelivered(std::string_view bytes) {
@@ -68,21 +82,30 @@ void Rules::OnDelivered(std::string_view bytes) {
 void Rules::OnFrame(const std::string& frame) {
   login_.OnFrame();
   boxes_.OnFrame(frame);
+  const std::vector<std::string> fields = FieldsOf(frame);
+  stream_.OnFrame(fields[0]);
+  menu_.OnFrame(fields);
 }
 
 void Rules::OnLost() {
   if (tell_) tell_("line: lost");
   saved_.OnLinkGone();
+  help_.OnLink(false);
+  link_.OnGone();
 }
 
 void Rules::OnHungUp() {
   if (tell_) tell_("line: the host has hung up");
   saved_.OnLinkGone();
+  help_.OnLink(false);
+  link_.OnGone();
 }
 
 void Rules::OnClosedByClient() {
   if (tell_) tell_("line: the client has closed");
   saved_.OnLinkGone();
+  help_.OnLink(false);
+  link_.OnGone();
   boxes_.Forget();
 }
 
@@ -97,14 +120,32 @@ void Rules::OnTyped(const std::string& text) {
   answered_.OnTyped(text);
 }
 
+// A printer that fails is told, and so is a configuration when it is read.
+bool Rules::IsExpected(const std::string& failure) const {
+  if (failure.find("Printer error") != std::string::npos) return story_.setting.printerFails;
+  return story_.setting.badSendKeys && failure.find("[LOGIN] SendKeys in ") != std::string::npos;
+}
+
 void Rules::OnBox(const MessageBoxRequest& box) {
   if (tell_) tell_("  box: " + Readable(box.title) + ": " + Readable(box.text));
-  if (box.text.starts_with(kFailureBox)) verdict_.Fail("alive", Readable(box.text));
+  if (box.text.starts_with(kFailureBox) && !IsExpected(box.text))
+    verdict_.Fail("alive", Readable(box.text));
   if (box.title == kStrayBox && HostIsSample()) {
     verdict_.Fail("answered", "a reply that nobody waits for: " + Readable(box.text));
   }
   boxes_.OnBox(box);
-  saved_.OnBox();
+  saved_.OnBox(box);
+  exit_.OnBox(box);
+  link_.OnBox(box);
+}
+
+void Rules::OnAnswered(const std::string& title, bool yes) {
+  exit_.OnAnswered(title, yes);
+  help_.OnAnswered(title, yes);
+}
+
+void Rules::OnDropped(const std::string& text) {
+  verdict_.Fail("answered", "typed in a wait and dropped: " + Readable(text));
 }
 
 // --- quiet
@@ -112,11 +153,17 @@ void Rules::OnBox(const MessageBoxRequest& box) {
 void Rules::CheckQuiet(const demohost::HostSession* host) {
   owners_.CheckQuiet();
   boxes_.CheckQuiet();
+  help_.CheckQuiet();
+  if (!host) link_.CheckQuiet();
+  if (host) stream_.CheckQuiet(frames_.IsInside());
   if (!host || !login_.IsDone()) return;
   saved_.CheckPromise();
   CheckState();
   CheckKeyboard();
-  if (HostIsSample()) answered_.CheckQuiet(*host);
+  if (!HostIsSample()) return;
+  answered_.CheckQuiet(*host);
+  menu_.CheckQuiet();
+  if (!host->IsInProgram()) saved_.CheckLocks(host->Port());
 }
 
 void Rules::CheckState() {
@@ -154,6 +201,7 @@ void Rules::CheckKeyboard() {
 }
 
 void Rules::CheckEnd() {
+  if (!verdict_.IsOver()) exit_.CheckEnd();
   owners_.CheckEnd();
   memory_.CheckEnd();
 }

@@ -10,6 +10,7 @@
 #include "app/sim/Failure.h"
 #include "app/sim/Network.h"
 #include "app/sim/Requests.h"
+#include "app/sim/SessionRules.h"
 #include "app/sim/Story.h"
 #include "app/sim/Workplace.h"
 #include "platform/MessageBox.h"
@@ -21,7 +22,7 @@ namespace quorvel::sim {
 class LoginRule {
  public:
   explicit LoginRule(Verdict& verdict) : verdict_(verdict) {}
-  void OnAccepted();
+  void OnAccepted(const std::string& host);
   void OnSent(std::string_view bytes);
   void OnFrame() { done_ = true; }
   void OnTyped(const std::string& text);
@@ -33,6 +34,7 @@ class LoginRule {
   Verdict& verdict_;
   DataBytes data_;
   bool done_ = true;
+  std::string host_;
   std::string line_;   // what has been sent of it that the operator did not type
   std::string typed_;  // by the operator, and not sent yet
 };
@@ -43,12 +45,15 @@ class SavedRule {
  public:
   SavedRule(Verdict& verdict, Workplace& place) : verdict_(verdict), place_(place) {}
   void OnAccepted();
-  void OnSent(std::string_view bytes);
+  void OnSent(std::string_view bytes, bool hostIsSample);
   void OnRequest(const std::string& text, int port);
-  void OnBox() { promise_.reset(); }
+  void OnBox(const MessageBoxRequest& box);
   void OnLinkGone() { promise_.reset(); }
   void OnSaveClicked();
+  void OnAct() { wrote_ = false; }
   void CheckPromise();
+  // The host holds no lock but that of the record on the screen.
+  void CheckLocks(int port);
 
  private:
   using Boxes = std::map<int, std::string>;  // by attribute of the file
@@ -64,6 +69,7 @@ class SavedRule {
   DataBytes data_;
   RequestReader requests_;
   std::optional<Promise> promise_;
+  bool wrote_ = false;  // and the operator has done nothing since
 };
 
 // Each box of the host opens once, in the order in which they came.
@@ -139,7 +145,8 @@ class Rules final : public WireWatch {
   Rules(const Story& story, Workplace& place, Verdict& verdict, const Teller& tell);
 
   // --- the line
-  void OnAccepted() override;
+  void OnAccepted(const std::string& host) override;
+  void OnRefused() override;
   void OnSent(std::string_view bytes) override;
   void OnDelivered(std::string_view bytes) override;
   void OnLost() override;
@@ -152,6 +159,13 @@ class Rules final : public WireWatch {
   void OnLoad(Window& window) { owners_.OnLoad(window); }
   void OnTyped(const std::string& text);
   void OnSaveClicked() { saved_.OnSaveClicked(); }
+  void OnAct() { saved_.OnAct(); }
+  void OnExitChosen() { exit_.OnChosen(); }
+  void OnHelpLeft() { help_.OnLeft(); }
+  void OnAnswered(const std::string& title, bool yes);
+  void OnFileChosen() { link_.OnFileChosen(); }
+  // What was typed while the program waits for the host is not kept for the end of the wait.
+  void OnDropped(const std::string& text);
 
   // Nothing is under way, nothing is handled or open.
   void CheckQuiet(const demohost::HostSession* host);
@@ -160,6 +174,7 @@ class Rules final : public WireWatch {
  private:
   bool HostIsSample() const { return RowOf(story_.kind).host == HostKind::Sample; }
   void OnFrame(const std::string& frame);
+  bool IsExpected(const std::string& failure) const;
   void CheckState();
   void CheckKeyboard();
 
@@ -174,6 +189,11 @@ class Rules final : public WireWatch {
   FramesRule boxes_;
   OwnersRule owners_;
   MemoryRule memory_;
+  StreamRule stream_;
+  MenuRule menu_;
+  ExitRule exit_;
+  HelpRule help_;
+  LinkRule link_;
 };
 
 }  // namespace quorvel::sim

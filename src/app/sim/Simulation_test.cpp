@@ -12,6 +12,7 @@
 #include "app/sim/Known.h"
 #include "app/sim/Rules.h"
 #include "app/sim/Shortening.h"
+#include "link/SessionState.h"
 
 namespace quorvel::sim {
 namespace {
@@ -123,7 +124,7 @@ TEST_F(RuleTest, ABoxThatNeverOpensFails) {
 
 TEST_F(RuleTest, ALineAheadOfTheLoginFails) {
   LoginRule rule(verdict);
-  rule.OnAccepted();
+  rule.OnAccepted("host");
   rule.OnSent("\xFF\xFB\x18");
   rule.OnTyped("x");
   rule.OnSent("x");
@@ -134,10 +135,58 @@ TEST_F(RuleTest, ALineAheadOfTheLoginFails) {
 
 TEST_F(RuleTest, AfterTheFirstFrameEverythingMayBeSent) {
   LoginRule rule(verdict);
-  rule.OnAccepted();
+  rule.OnAccepted("host");
   rule.OnFrame();
   rule.OnSent("E\r");
   EXPECT_EQ(Failed(), "");
+}
+
+TEST_F(RuleTest, AUserOfAnotherHostFails) {
+  LoginRule rule(verdict);
+  Session().LoginUser = kOtherUser;
+  rule.OnAccepted(kOtherHost);
+  rule.OnSent(std::string(kOtherUser) + "\r");
+  EXPECT_EQ(Failed(), "");
+  rule.OnAccepted("host");
+  rule.OnSent(std::string(kOtherUser) + "\r");
+  EXPECT_EQ(Failed(), "login");
+  Session() = SessionState{};
+}
+
+TEST_F(RuleTest, ACaptureOfTheLastSessionFails) {
+  StreamRule rule(verdict);
+  Session().PendingOp = "Capture";
+  rule.OnAccepted();
+  rule.OnFrame("~CAPTURE-ON~");
+  rule.CheckQuiet(false);
+  EXPECT_EQ(Failed(), "");
+  rule.OnAccepted();
+  rule.CheckQuiet(false);
+  EXPECT_EQ(Failed(), "stream");
+  Session() = SessionState{};
+}
+
+TEST_F(RuleTest, AnEndBehindAnAnswerOfNoFails) {
+  ExitRule rule(verdict);
+  rule.OnChosen();
+  rule.OnBox({"Exit the system?", "Confirm Exit"});
+  rule.OnAnswered("Confirm Exit", true);
+  rule.CheckEnd();
+  EXPECT_EQ(Failed(), "");
+  rule.OnChosen();
+  rule.OnBox({"Exit the system?", "Confirm Exit"});
+  rule.OnAnswered("Confirm Exit", false);
+  rule.CheckEnd();
+  EXPECT_EQ(Failed(), "exit");
+}
+
+TEST_F(RuleTest, AFailedConnectionThatIsToldTwiceFails) {
+  LinkRule rule(verdict);
+  rule.OnRefused();
+  rule.OnBox({"Could not connect to host:23\nrefused", "Quorvel GUI"});
+  EXPECT_EQ(Failed(), "");
+  rule.OnBox({"Could not connect to host:23\nrefused", "Quorvel GUI"});
+  EXPECT_EQ(Failed(), "link");
 }
 
 TEST_F(RuleTest, AWriteWithoutItsLockFails) {

@@ -82,6 +82,13 @@ Setting MakeSetting(Random& random) {
   return setting;
 }
 
+// Drawn apart, so that the acts of a story do not depend on it.
+void AddRareSettings(Story& story) {
+  Random random(story.seed * 64 + static_cast<std::uint64_t>(story.kind) + 0x5E7714645EEDU);
+  story.setting.badSendKeys = random.Chance(1);
+  story.setting.printerFails = RowOf(story.kind).host == HostKind::Rude && random.Chance(25);
+}
+
 }  // namespace
 
 const std::vector<KindRow>& Kinds() {
@@ -158,6 +165,7 @@ Story MakeStory(Kind kind, std::uint64_t seed) {
   Random random(seed * 64 + static_cast<std::uint64_t>(kind));
   story.setting = MakeSetting(random);
   AddOperator(story, random);
+  if (kind != Kind::Sessions) AddRareSettings(story);
   if (kind == Kind::Sessions) {
     story.setting.automaticLogin = true;
     story.setting.quickExit = false;

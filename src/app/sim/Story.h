@@ -68,6 +68,8 @@ struct Setting {
   bool cutAtFrames = false;
   bool forceOff = false;
   Milliseconds answerDelay = 0;  // typical of the host
+  bool badSendKeys = false;      // the configuration has a SendKeys that can't be sent
+  bool printerFails = false;
 };
 
 struct Story {

@@ -25,12 +25,14 @@ std::string CommandOf(const Control& button) {
 }  // namespace
 
 void WatchedHands::Tell(const std::string& what) {
+  rules_.OnAct();
   if (tell_) tell_("operator: " + what);
 }
 
 void WatchedHands::Click(Control& control) {
   Tell("clicks " + NameOf(control));
   if (NameOf(control) == "frmEntry.cmdSave") rules_.OnSaveClicked();
+  if (NameOf(control) == "frmHelpText.cmdExit") rules_.OnHelpLeft();
   if (control.Name() == "cmdButton") rules_.OnTyped(CommandOf(control));
   hands_.Click(control);
 }
@@ -55,17 +57,24 @@ void WatchedHands::Press(KeyCode key, int shift) {
 void WatchedHands::Type(const std::string& text) {
   Tell("types \"" + Readable(text) + "\"");
   rules_.OnTyped(text);
+  Window* front = desktop().focus().Front();
+  const bool keeps = front && front->TakesInput() && desktop().KeepsInput(*front) && !text.empty();
   hands_.Type(text);
+  if (keeps && !desktop().HasKeptInput()) rules_.OnDropped(text);
 }
 
 void WatchedHands::ChooseMenu(MenuItem& entry) {
   Tell("chooses " + entry.window().Name() + "." + entry.Name());
   if (entry.Name() == "mnuEPaste") rules_.OnTyped(desktop().backend().clipboard().Text());
+  const std::string name = entry.window().Name() + "." + entry.Name();
+  if (name == "mdiMain.mnuExit") rules_.OnExitChosen();
+  if (name == "frmHelpText.mnuFileExit") rules_.OnHelpLeft();
   hands_.ChooseMenu(entry);
 }
 
 void WatchedHands::CloseBox(Window& window) {
   Tell("closes " + window.Name());
+  if (window.Name() == "frmHelpText") rules_.OnHelpLeft();
   hands_.CloseBox(window);
 }
 
@@ -95,6 +104,8 @@ void WatchedHands::AnswerBox(const BoxReply& reply) {
   if (!reply.file.empty()) how = "a file";
   if (reply.entry) how = reply.entry->Name();
   if (box) Tell("answers \"" + Readable(box->title + ": " + box->text, 60) + "\" by " + how);
+  if (box) rules_.OnAnswered(box->title, reply.yes);
+  if (!reply.file.empty()) rules_.OnFileChosen();
   hands_.AnswerBox(reply);
 }
 

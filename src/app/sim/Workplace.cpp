@@ -44,8 +44,15 @@ std::string ConfigurationOf(const Setting& setting) {
   text += setting.forceOff ? "\r\nForceOff=1" : "\r\nForceOff=0";
   text += "\r\n[LOGIN]\r\n";
   if (setting.automaticLogin) text += "UserId=demo\r\nPwd=demo\r\n";
+  if (setting.badSendKeys) text += "SendKeys=a^[256]\r\n";
   text += "[BUTTONS]\r\nLabel0=Menu\r\nCommand0=^[13]\r\n";
   return text;
+}
+
+std::string OtherConfiguration() {
+  const std::string user(kOtherUser);
+  return "[TELNET]\r\nHostName=" + std::string(kOtherHost) + "\r\n[LOGIN]\r\nUserId=" + user +
+         "\r\nPwd=" + user + "\r\n";
 }
 
 }  // namespace
@@ -55,6 +62,7 @@ Workplace::Workplace()
   host_.SetPictureFile("picture.bmp");
   demohost::Transaction all(host_.Data());
   for (const demohost::Screen& screen : demohost::Screens()) MarkRecords(host_.Data(), screen.file);
+  host_.Data().SetPassword(kOtherUser, kOtherUser);
   all.Commit();
   pristine_.CopyFrom(host_.Data());
   // What is named without a folder lands in here.
@@ -72,6 +80,7 @@ void Workplace::Reset(const Setting& setting) {
   std::error_code ignored;
   for (const auto& entry : fs::directory_iterator(folder_)) fs::remove_all(entry, ignored);
   std::ofstream(Configuration(), std::ios::binary) << ConfigurationOf(setting);
+  std::ofstream(folder_ / kOtherConfiguration, std::ios::binary) << OtherConfiguration();
 }
 
 }  // namespace quorvel::sim

@@ -26,6 +26,7 @@ class Workplace {
   void Reset(const Setting& setting);
   demohost::Application& Host() { return host_; }
   std::string Folder() const { return folder_.string(); }
+  // The one that stories begin with; beside it lies that of another host.
   std::string Configuration() const { return (folder_ / "sim.inf").string(); }
 
  private:
@@ -37,5 +38,10 @@ class Workplace {
 // The attribute that no screen knows: it holds the key of its record, so that a record that is
 // written shows whose fields it carries.
 inline constexpr int kIdentity = 60;
+
+// The other configuration, which logs in by itself, at a host and as a user of its own.
+inline constexpr char kOtherConfiguration[] = "other.inf";
+inline constexpr char kOtherHost[] = "other";
+inline constexpr char kOtherUser[] = "second";
 
 }  // namespace quorvel::sim
