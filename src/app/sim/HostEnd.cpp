@@ -9,19 +9,21 @@
 namespace quorvel::sim {
 namespace {
 
-constexpr int kRefusedOfHundred = 30;
+// Many, or so few that screens are opened and records saved.
+constexpr int kRefusedOfHundred[] = {30, 5};
 // A printout that is longer than this goes on when the client has answered; none that operators
 // begin is.
 constexpr std::size_t kMostAtOnce = 2'000'000;
 
 // The refusals that have another form than Refusal gives them.
-std::string RefusalOf(const std::string& text, const std::string& reason) {
+std::string RefusalOf(const std::string& text, const std::string& reason, std::uint64_t number) {
   const std::vector<std::string> fields = FieldsOf(text);
   if (fields[0] == "CASELOGIC" && fields.size() > 7) {
     return demohost::Frame({"~CASELOGIC~", fields[4], fields[5], fields[6], "Error"});
   }
   if (fields[0] == "SYLIST" || fields[0] == "SYLOCATR") {
-    return demohost::Frame({"~LISTBOX~", reason, "0,0,0,0"});
+    if (number % 3 == 0) return demohost::Frame({"~MSGBOX~", "Lists", reason});
+    if (number % 3 == 1) return demohost::Frame({"~LISTBOX~", reason, "0,0,0,0"});
   }
   return demohost::Refusal(text, reason);
 }
@@ -56,7 +58,8 @@ void HostEnd::TakeRequest(const std::string& text) {
     heldBack_.clear();
     // What the session has to say was said before.
     for (std::string& write : session_.TakeWrites()) refusals_.push_back(std::move(write));
-    refusals_.push_back(RefusalOf(text, "The host refuses request " + std::to_string(count_)));
+    refusals_.push_back(
+        RefusalOf(text, "The host refuses request " + std::to_string(count_), count_));
     return;
   }
   onRequest_(text, session_.Port());
@@ -65,9 +68,11 @@ void HostEnd::TakeRequest(const std::string& text) {
 bool HostEnd::Refuses(const std::string& text) {
   ++count_;
   if (RowOf(story_.kind).host != HostKind::Errors || text.empty()) return false;
+  // Without its parameters a screen has fields without rules, and no good end.
+  if (text.starts_with("SYBPARM")) return false;
   Random random(story_.seed * 1000 + count_);
   random.Next();
-  return random.Chance(kRefusedOfHundred);
+  return random.Chance(kRefusedOfHundred[story_.seed % 2]);
 }
 
 std::vector<std::string> HostEnd::TakeWrites() {

@@ -11,8 +11,8 @@
 
 namespace quorvel::sim {
 
-// The host's end of one connection: a session of the sample host. The host of Errors refuses every
-// third request itself, by the answer that the verb wants.
+// The host's end of one connection: a session of the sample host. The host of Errors refuses some
+// of the requests itself, by the answer that the verb wants.
 class HostEnd {
  public:
   using OnRequest = std::function<void(const std::string& text, int port)>;

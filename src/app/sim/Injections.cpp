@@ -98,6 +98,11 @@ const std::vector<Row>& Rows() {
   return rows;
 }
 
+// Some blocks begin with a line for the printer of the terminal.
+std::string Printed(Random& dice) {
+  return dice.Chance(10) ? "\x1B[5iprinted\r\n\x1B[4i" : "";
+}
+
 }  // namespace
 
 std::string UnaskedFrame(Random& dice, int number) {
@@ -106,7 +111,7 @@ std::string UnaskedFrame(Random& dice, int number) {
   int left = static_cast<int>(dice.Below(static_cast<std::size_t>(all)));
   for (const Row& row : Rows()) {
     left -= row.weight;
-    if (left < 0) return row.frame(std::to_string(number));
+    if (left < 0) return Printed(dice) + row.frame(std::to_string(number));
   }
   return {};
 }

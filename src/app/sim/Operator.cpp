@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 
 #include "app/sim/Sights.h"
+#include "app/sim/Workplace.h"
 #include "entry/frmEntry.h"
 #include "link/SessionState.h"
 #include "link/frmConnect.h"
@@ -94,7 +96,9 @@ void Operator::Answer(const OpenBox& box, Random& dice) {
   const bool exits = box.title == "Confirm Exit";  // the end of the story
   reply.yes = dice.Chance(logsOff ? 85 : exits ? 15 : 60);
   if (box.kind == OpenBox::Kind::File && reply.yes) {
-    reply.file = box.saves ? configuration_ + ".txt" : configuration_;
+    const auto other = std::filesystem::path(configuration_).replace_filename(kOtherConfiguration);
+    const std::string opened = dice.Chance(15) ? other.string() : configuration_;
+    reply.file = box.saves ? configuration_ + ".txt" : opened;
   }
   if (box.kind == OpenBox::Kind::PopUp && dice.Chance(80)) {
     std::vector<MenuItem*> entries;
@@ -220,7 +224,8 @@ void Operator::EnterKey(Random& dice) {
 void Operator::WorkInRecord(frmEntry& screen, Random& dice) {
   const int what = dice.Between(1, 100);
   if (what <= 50) return EditField(screen, dice);
-  if (what <= 68) return hands_.Click(screen.cmdSave);
+  if (what <= 63) return hands_.Click(screen.cmdSave);
+  if (what <= 68) return SaveFromLastField(screen);
   if (what <= 75) return hands_.Click(screen.cmdCancel);
   if (what <= 80) return hands_.Click(screen.cmdDelete);
   if (what <= 84) return hands_.Click(screen.cmdHelp);
@@ -228,6 +233,12 @@ void Operator::WorkInRecord(frmEntry& screen, Random& dice) {
   if (what <= 90) return hands_.Click(screen.cmdExit);
   const auto boxes = ReachableOf(screen, ControlKind::TextBox);
   if (!boxes.empty()) hands_.RightClick(*boxes[dice.Below(boxes.size())]);
+}
+
+void Operator::SaveFromLastField(frmEntry& screen) {
+  const auto boxes = ReachableOf(screen, ControlKind::TextBox);
+  if (!boxes.empty()) hands_.Click(*boxes.back());
+  hands_.Click(screen.cmdSave);
 }
 
 // What is typed tells whose it is.

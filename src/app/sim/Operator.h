@@ -54,6 +54,7 @@ class Operator {
   void RunOption(frmSubMenu& menu, Random& dice);
   void EnterKey(Random& dice);
   void EditField(frmEntry& screen, Random& dice);
+  void SaveFromLastField(frmEntry& screen);
   void PickRowOf(Control& list, Random& dice);
 
   void Fumble(Random& dice);

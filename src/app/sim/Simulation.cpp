@@ -40,6 +40,7 @@ Simulation::Simulation(Workplace& place, const Story& story, Teller tell)
   backend_.folder = place.Folder();
   backend_.commandLine = place.Configuration();
   backend_.drives = {place.Folder()};
+  backend_.printerFails = story.setting.printerFails;
   backend_.pictureFiles["picture.bmp"] = {320, 200};
   backend_.onIdle = [this] { return Next(); };
 }
