@@ -1,0 +1,129 @@
+#include "app/sim/qt/SimQtBackend.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+
+#include "platform/Scoped.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtPrinter.h"
+
+namespace quorvel::sim {
+namespace {
+
+char** Arguments() {
+  static char name[] = "quorvel-sim-qt";
+  static char* arguments[] = {name, nullptr};
+  return arguments;
+}
+
+// The only copy of the program, at home in the story's folder.
+class SimApplication : public Application {
+ public:
+  explicit SimApplication(const Workplace& place)
+      : folder_(place.Folder()), commandLine_(place.Configuration()) {}
+  std::string Folder() override { return folder_; }
+  char PathSeparator() const override { return QDir::separator().toLatin1(); }
+  std::vector<std::string> Drives() override { return {folder_}; }
+  std::string ShortDate() override { return "2026-11-23"; }
+  std::string CommandLine() const override { return commandLine_; }
+  std::string Title() const override { return title_; }
+  void SetTitle(const std::string& title) override { title_ = title; }
+  bool OtherCopyRuns() override { return false; }
+  bool ActivateCopy(const std::string&) override { return false; }
+
+ private:
+  const std::string folder_;
+  const std::string commandLine_;
+  std::string title_ = "Quorvel GUI";
+};
+
+// No program is ever started.
+class NoPrograms : public Programs {
+ public:
+  void Start(const std::string&, ProgramWindow) override {}
+};
+
+// Every fax is accepted, and goes nowhere.
+class NoFax : public FaxService {
+ public:
+  void SendFax(const FaxJob&, std::int32_t& result, std::string&, std::int32_t&) override {
+    result = 0;
+  }
+};
+
+}  // namespace
+
+struct SimQtBackend::Story {
+  Story(Network& line, Rules& held, const Workplace& place)
+      : network(line), rules(held), application(place), dialogs(printer) {}
+  Network& network;
+  Rules& rules;
+  SimApplication application;
+  QtPrinter printer;
+  QtDialogs dialogs;
+  NoPrograms programs;
+  NoFax fax;
+};
+
+SimQtBackend::SimQtBackend() : QtBackend(1, Arguments()) {
+  // Letters typed in a list are looked up one by one: how fast they come is a matter of real time.
+  QApplication::setKeyboardInputInterval(-1);
+}
+
+SimQtBackend::~SimQtBackend() = default;
+
+void SimQtBackend::BeginStory(Network& network, Rules& rules, const Workplace& place) {
+  story_ = std::make_unique<Story>(network, rules, place);
+  quit_ = false;
+  clipboard().Clear();
+  SetMousePointer(MousePointer::Default);
+}
+
+void SimQtBackend::EndStory() {
+  QCoreApplication::sendPostedEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  story_.reset();
+}
+
+std::unique_ptr<WindowPeer> SimQtBackend::MakePeer(Window& window) {
+  story_->rules.OnLoad(window);
+  return QtBackend::MakePeer(window);
+}
+
+void SimQtBackend::ServeToolkit(Serve serve) {
+  if (serve != Serve::WithoutInput) return QtBackend::ServeToolkit(serve);
+  const ScopedCount painting(painting_);
+  QtBackend::ServeToolkit(serve);
+}
+
+void SimQtBackend::Quit() {
+  quit_ = true;
+  QtBackend::Quit();
+}
+
+MessageBoxAnswer SimQtBackend::ShowMessageBox(const MessageBoxRequest& request) {
+  story_->rules.OnBox(request);
+  return QtBackend::ShowMessageBox(request);
+}
+
+Application& SimQtBackend::application() {
+  return story_->application;
+}
+CommonDialogs& SimQtBackend::dialogs() {
+  return story_->dialogs;
+}
+Printer& SimQtBackend::printer() {
+  return story_->printer;
+}
+Programs& SimQtBackend::programs() {
+  return story_->programs;
+}
+FaxService& SimQtBackend::fax() {
+  return story_->fax;
+}
+std::unique_ptr<Transport> SimQtBackend::MakeTransport() {
+  return story_->network.MakeTransport();
+}
+
+}  // namespace quorvel::sim
