@@ -12,6 +12,13 @@ std::string NameOf(Control& control) {
   return control.window().Name() + "." + control.CodeName();
 }
 
+// What a key sends from a terminal, where it is sent as it is; the others send sequences.
+std::string TextOf(KeyCode key) {
+  if (key == KeyCode::Return) return "\r";
+  if (key == KeyCode::Tab) return "\t";
+  return key == KeyCode::Backspace ? "\x7F" : "";
+}
+
 // What a command button is going to send.
 std::string CommandOf(const Control& button) {
   std::string text;
@@ -48,7 +55,7 @@ void WatchedHands::RightClick(Control& control) {
 void WatchedHands::Press(KeyCode key, int shift) {
   Tell("presses key " + std::to_string(static_cast<int>(key)) +
        (shift == kNoShift ? "" : " with shift state " + std::to_string(shift)));
-  if (key == KeyCode::Return) rules_.OnTyped("\r");
+  rules_.OnTyped(TextOf(key));
   hands_.Press(key, shift);
 }
 

@@ -32,8 +32,10 @@ void WritePicture(const std::string& folder) {
 // What a window manager does when the active window goes: another one of the program, a modal one
 // first, is active. The offscreen platform has none. False when there is nothing to do.
 bool ActivateAnother() {
-  if (QApplication::activePopupWidget() || QApplication::activeWindow()) return false;
+  if (QApplication::activePopupWidget()) return false;
+  if (QApplication::activeWindow() && QGuiApplication::focusWindow()) return false;
   QWidget* next = QApplication::activeModalWidget();
+  if (!next) next = QApplication::activeWindow();
   for (QWidget* top : QApplication::topLevelWidgets()) {
     if (!next && top->isVisible() && !top->parentWidget()) next = top;
   }

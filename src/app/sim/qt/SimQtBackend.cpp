@@ -7,6 +7,7 @@
 #include "platform/Scoped.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPrinter.h"
+#include "platform/qt/Text.h"
 
 namespace quorvel::sim {
 namespace {
@@ -56,7 +57,12 @@ class NoFax : public FaxService {
 
 struct SimQtBackend::Story {
   Story(Network& line, Rules& held, const Workplace& place)
-      : network(line), rules(held), application(place), dialogs(printer) {}
+      : network(line), rules(held), application(place), dialogs(printer) {
+    // As if the operator had set it up, so that nothing is printed anywhere else.
+    printer.Current().setOutputFormat(QPrinter::PdfFormat);
+    printer.Current().setOutputFileName(PathToUnicode(place.Folder() + "/printed.pdf"));
+    printer.TakeChoice();
+  }
   Network& network;
   Rules& rules;
   SimApplication application;
