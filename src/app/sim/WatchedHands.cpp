@@ -13,10 +13,11 @@ std::string NameOf(Control& control) {
 }
 
 // What a key sends from a terminal, where it is sent as it is; the others send sequences.
-std::string TextOf(KeyCode key) {
+std::string TextOf(KeyCode key, int shift) {
   if (key == KeyCode::Return) return "\r";
   if (key == KeyCode::Tab) return "\t";
-  return key == KeyCode::Backspace ? "\x7F" : "";
+  if (key != KeyCode::Backspace) return {};
+  return (shift & kControl) != 0 ? "\b" : "\x7F";
 }
 
 // What a command button is going to send.
@@ -44,6 +45,7 @@ void WatchedHands::Click(Control& control) {
 
 void WatchedHands::DoubleClick(Control& control) {
   Tell("double-clicks " + NameOf(control));
+  if (control.Name() == "cmdButton") rules_.OnTyped(CommandOf(control) + CommandOf(control));
   hands_.DoubleClick(control);
 }
 
@@ -55,7 +57,7 @@ void WatchedHands::RightClick(Control& control) {
 void WatchedHands::Press(KeyCode key, int shift) {
   Tell("presses key " + std::to_string(static_cast<int>(key)) +
        (shift == kNoShift ? "" : " with shift state " + std::to_string(shift)));
-  rules_.OnTyped(TextOf(key));
+  rules_.OnTyped(TextOf(key, shift));
   hands_.Press(key, shift);
 }
 
