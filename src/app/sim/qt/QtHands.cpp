@@ -6,6 +6,8 @@
 #include <QComboBox>
 #include <QTabBar>
 #include <QThread>
+#include <QToolButton>
+#include <utility>
 
 #include "app/sim/qt/Boxes.h"
 #include "app/sim/qt/Menus.h"
@@ -27,19 +29,35 @@ std::optional<Spot> SpotOnRow(QAbstractItemView& view, const QModelIndex& index)
   return SpotOn(view.viewport(), place.center());
 }
 
-// In a list, the row that is chosen: what else there is belongs to nobody's plan.
-std::optional<Spot> SpotOnMeant(const MeantControl& meant) {
+// In a list on this row, or if there is none, on the one that is chosen: what else there is belongs to
+// nobody's plan.
+std::optional<Spot> SpotOnMeant(const MeantControl& meant, std::optional<int> row) {
   QWidget* const widget = meant.Widget();
   if (!widget) return std::nullopt;
   auto* view = qobject_cast<QAbstractItemView*>(widget);
   if (!view || view->model()->rowCount() == 0) return SpotOn(meant.control());
-  return SpotOnRow(*view, view->currentIndex());
+  return SpotOnRow(*view, row ? view->model()->index(*row, 0) : view->currentIndex());
 }
 
 std::optional<Spot> SpotInOpenList(const MeantControl& combo, int row) {
   const auto* box = qobject_cast<QComboBox*>(combo.Widget());
   if (!box || !box->view()->isVisible()) return std::nullopt;
   return SpotOnRow(*box->view(), box->model()->index(row, 0));
+}
+
+QTabBar* TabsOf(const MeantControl& strip) {
+  const QWidget* widget = strip.Widget();
+  return widget ? widget->findChild<QTabBar*>() : nullptr;
+}
+
+// The arrow that brings a tab into view; nothing when it can be clicked already.
+std::optional<Spot> SpotOnArrowTo(QTabBar* tabs, int page) {
+  if (!tabs || SpotOn(tabs, tabs->tabRect(page).center())) return std::nullopt;
+  const bool left = tabs->tabRect(page).center().x() < tabs->width() / 2;
+  auto* arrow = tabs->findChild<QToolButton*>(
+      QLatin1String(left ? "ScrollLeftButton" : "ScrollRightButton"));
+  if (!arrow || !arrow->isEnabled()) return std::nullopt;
+  return SpotOn(arrow, arrow->rect().center());
 }
 
 // A window that something modal is above hears nothing from the window system.
@@ -71,16 +89,22 @@ void ResizeByFrame(const Window& window, int width, int height) {
 
 }  // namespace
 
+Mouse::Where QtHands::On(Control& control) {
+  const bool picked = std::exchange(pickedIn_, nullptr) == &control;
+  const auto row = picked ? std::optional(picked_) : std::nullopt;
+  return [meant = MeantControl(control), row] { return SpotOnMeant(meant, row); };
+}
+
 void QtHands::Click(Control& control) {
-  mouse_.Click([meant = MeantControl(control)] { return SpotOnMeant(meant); });
+  mouse_.Click(On(control));
 }
 
 void QtHands::DoubleClick(Control& control) {
-  mouse_.DoubleClick([meant = MeantControl(control)] { return SpotOnMeant(meant); });
+  mouse_.DoubleClick(On(control));
 }
 
 void QtHands::RightClick(Control& control) {
-  mouse_.Click([meant = MeantControl(control)] { return SpotOnMeant(meant); }, Qt::RightButton);
+  mouse_.Click(On(control), Qt::RightButton);
 }
 
 void QtHands::ChooseMenu(MenuItem& entry) {
@@ -107,6 +131,8 @@ void QtHands::Resize(Window& window, int width, int height) {
 
 void QtHands::PickRow(Control& list, int row) {
   if (list.kind() == ControlKind::ComboBox) return PickInCombo(list, row);
+  pickedIn_ = &list;
+  picked_ = row;
   mouse_.Click([meant = MeantControl(list), row]() -> std::optional<Spot> {
     auto* view = qobject_cast<QAbstractItemView*>(meant.Widget());
     return view ? SpotOnRow(*view, view->model()->index(row, 0)) : std::nullopt;
@@ -129,11 +155,14 @@ void QtHands::PickInCombo(Control& combo, int row) {
 }
 
 void QtHands::TurnToPage(TabStrip& strip, int page) {
-  mouse_.Click([meant = MeantControl(strip), page]() -> std::optional<Spot> {
-    QWidget* const widget = meant.Widget();
-    auto* row = widget ? widget->findChild<QTabBar*>() : nullptr;
-    if (!row || !row->isTabVisible(page)) return std::nullopt;
-    return SpotOn(row, row->tabRect(page).center());
+  const MeantControl meant(strip);
+  for (int i = 0; i < strip.Tabs(); ++i) {
+    mouse_.Click([meant, page] { return SpotOnArrowTo(TabsOf(meant), page); });
+  }
+  mouse_.Click([meant, page]() -> std::optional<Spot> {
+    QTabBar* const tabs = TabsOf(meant);
+    if (!tabs || !tabs->isTabVisible(page)) return std::nullopt;
+    return SpotOn(tabs, tabs->tabRect(page).center());
   });
 }
 

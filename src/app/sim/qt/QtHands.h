@@ -29,10 +29,15 @@ class QtHands : public Hands {
 
  private:
   void PickInCombo(Control& combo, int row);
+  Mouse::Where On(Control& control);
 
   Door& door_;
   Mouse mouse_;
   Keys keys_;
+  // What was picked last: a click on the list behind it goes there, though the list may not have
+  // heard of it yet.
+  const Control* pickedIn_ = nullptr;
+  int picked_ = 0;
 };
 
 }  // namespace quorvel::sim
