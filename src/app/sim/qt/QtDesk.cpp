@@ -73,11 +73,14 @@ void QtDesk::Play(std::function<bool()> next) {
 void QtDesk::timerEvent(QTimerEvent* event) {
   killTimer(event->timerId());
   timer_ = startTimer(0);
-  if (!backend_.IsPainting() && HasDesktop() && !desktop().IsEnding()) Turn();
+  if (HasDesktop() && !desktop().IsEnding()) Turn();
 }
 
 void QtDesk::Turn() {
-  if (ServeSomething()) {
+  if (backend_.Serving() == Serve::WithoutInput) return;
+  // In the midst of an event that lets others have their turn and goes on, time does not.
+  const bool yields = backend_.Serving() == Serve::All && !IsBoxOpen();
+  if (ServeSomething() || yields) {
     idleTurns_ = 0;
   } else if (++idleTurns_ >= kIdleTurns) {
     idleTurns_ = 0;

@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
+#include <utility>
 
-#include "platform/Scoped.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/Text.h"
@@ -98,9 +98,9 @@ std::unique_ptr<WindowPeer> SimQtBackend::MakePeer(Window& window) {
 }
 
 void SimQtBackend::ServeToolkit(Serve serve) {
-  if (serve != Serve::WithoutInput) return QtBackend::ServeToolkit(serve);
-  const ScopedCount painting(painting_);
+  const Serve before = std::exchange(serving_, serve);
   QtBackend::ServeToolkit(serve);
+  serving_ = before;
 }
 
 void SimQtBackend::Quit() {

@@ -19,8 +19,9 @@ class SimQtBackend : public QtBackend {
   void BeginStory(Network& network, Rules& rules, const Workplace& place);
   // With the story's desktop gone.
   void EndStory();
-  // Whether the toolkit serves neither input nor network: nobody may act.
-  bool IsPainting() const { return painting_ > 0; }
+  // What the toolkit serves at the moment. Its boxes and menus have loops of their own, which this
+  // does not tell of.
+  Serve Serving() const { return serving_; }
   bool HasQuit() const { return quit_; }
 
   std::unique_ptr<WindowPeer> MakePeer(Window& window) override;
@@ -37,7 +38,7 @@ class SimQtBackend : public QtBackend {
  private:
   struct Story;
   std::unique_ptr<Story> story_;
-  int painting_ = 0;
+  Serve serving_ = Serve::Waiting;
   bool quit_ = false;
 };
 
