@@ -82,9 +82,8 @@ void ChooseFromBar(Door& door, Mouse& mouse, Keys& keys, MenuItem& entry) {
   const Path path = PathTo(entry, entry.window().MenuBar());
   if (path.empty()) return;
   const MeantWindow window(entry.window());
-  mouse.Click([window, title = path.front()] {
-    return window.Get() ? SpotOnTitle(*title) : std::nullopt;
-  });
+  mouse.Click(
+      [window, title = path.front()] { return window.Get() ? SpotOnTitle(*title) : std::nullopt; });
   for (std::size_t i = 1; i < path.size(); ++i) ClickInPopUp(mouse, *path[i]);
   // A grey entry leaves its menu open.
   for (std::size_t i = 0; i < path.size(); ++i) {

@@ -40,7 +40,7 @@ class QtDesk : public QObject, public Desk {
   QtHands hands_;
   std::function<bool()> next_;
   QElapsedTimer sinceTurn_;  // of the user or the program to another window
-  int timer_ = 0;  // of the next turn
+  int timer_ = 0;            // of the next turn
   int idleTurns_ = 0;
 };
 

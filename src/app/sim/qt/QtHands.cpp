@@ -29,8 +29,8 @@ std::optional<Spot> SpotOnRow(QAbstractItemView& view, const QModelIndex& index)
   return SpotOn(view.viewport(), place.center());
 }
 
-// In a list on this row, or if there is none, on the one that is chosen: what else there is belongs to
-// nobody's plan.
+// In a list on this row, or if there is none, on the one that is chosen: what else there is belongs
+// to nobody's plan.
 std::optional<Spot> SpotOnMeant(const MeantControl& meant, std::optional<int> row) {
   QWidget* const widget = meant.Widget();
   if (!widget) return std::nullopt;
@@ -54,8 +54,8 @@ QTabBar* TabsOf(const MeantControl& strip) {
 std::optional<Spot> SpotOnArrowTo(QTabBar* tabs, int page) {
   if (!tabs || SpotOn(tabs, tabs->tabRect(page).center())) return std::nullopt;
   const bool left = tabs->tabRect(page).center().x() < tabs->width() / 2;
-  auto* arrow = tabs->findChild<QToolButton*>(
-      QLatin1String(left ? "ScrollLeftButton" : "ScrollRightButton"));
+  auto* arrow =
+      tabs->findChild<QToolButton*>(QLatin1String(left ? "ScrollLeftButton" : "ScrollRightButton"));
   if (!arrow || !arrow->isEnabled()) return std::nullopt;
   return SpotOn(arrow, arrow->rect().center());
 }

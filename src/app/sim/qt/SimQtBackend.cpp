@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
+#include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/qt/QtDialogs.h"
@@ -16,6 +18,13 @@ char** Arguments() {
   static char name[] = "quorvel-sim-qt";
   static char* arguments[] = {name, nullptr};
   return arguments;
+}
+
+// The offscreen platform says again and again what it does not do.
+void TellButLimits(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (text.startsWith(QLatin1String("This plugin does not support"))) return;
+  std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, text).toLocal8Bit().constData());
+  if (type == QtFatalMsg) std::abort();
 }
 
 // The only copy of the program, at home in the story's folder.
@@ -73,6 +82,7 @@ struct SimQtBackend::Story {
 };
 
 SimQtBackend::SimQtBackend() : QtBackend(1, Arguments()) {
+  qInstallMessageHandler(TellButLimits);
   // Letters typed in a list are looked up one by one: how fast they come is a matter of real time.
   QApplication::setKeyboardInputInterval(-1);
 }
