@@ -17,23 +17,30 @@ namespace {
 
 class QtDeskTest : public ::testing::Test {
  protected:
+  // The application object must not live on behind main.
+  static void SetUpTestSuite() {
+    home_ = std::make_unique<Home>();
+    backend_ = std::make_unique<SimQtBackend>();
+  }
+  static void TearDownTestSuite() {
+    backend_.reset();
+    home_.reset();
+  }
+
   std::vector<std::string> TraceOf(const Story& story) {
     std::vector<std::string> trace;
     const auto tell = [&trace](const std::string& line) { trace.push_back(line); };
     const auto failure =
         Simulation(place_, story, tell, [](Network& network, Rules& rules, const Workplace& place) {
-          return std::make_unique<QtDesk>(TheBackend(), network, rules, place);
+          return std::make_unique<QtDesk>(*backend_, network, rules, place);
         }).Run();
     EXPECT_FALSE(failure) << story.seed << ": " << failure->rule << ": " << failure->seen;
     return trace;
   }
 
  private:
-  static SimQtBackend& TheBackend() {
-    static const Home home;
-    static SimQtBackend backend;
-    return backend;
-  }
+  static inline std::unique_ptr<Home> home_;
+  static inline std::unique_ptr<SimQtBackend> backend_;
   Workplace place_;
 };
 
