@@ -12,11 +12,9 @@ class Door {
  public:
   using Input = std::function<void()>;
 
-  bool IsEmpty() const { return inputs_.empty(); }
   void Add(Input input) { inputs_.push_back(std::move(input)); }
   // Ahead of all that waits: the rest of what has just begun.
   void AddNext(Input input) { inputs_.push_front(std::move(input)); }
-  void Clear() { inputs_.clear(); }
   // False when there was nothing.
   bool ServeOne() {
     if (inputs_.empty()) return false;

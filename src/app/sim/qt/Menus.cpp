@@ -4,7 +4,8 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <algorithm>
+#include <optional>
+#include <vector>
 
 #include "platform/controls/Desktop.h"
 #include "platform/qt/WindowPeer.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "app/sim/qt/Door.h"
 #include "app/sim/qt/Keys.h"
 #include "app/sim/qt/Mouse.h"

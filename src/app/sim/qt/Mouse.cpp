@@ -29,10 +29,6 @@ void Mouse::DoubleClick(Where where) {
   door_.Add([this, where = std::move(where)] { Begin(where, Qt::LeftButton, 2); });
 }
 
-void Mouse::ClickNext(Where where) {
-  door_.AddNext([this, where = std::move(where)] { Begin(where, Qt::LeftButton, 1); });
-}
-
 // The pointer goes there as well: it is where a menu opens.
 void Mouse::Begin(const Where& where, Qt::MouseButton button, int presses) {
   const auto spot = where();

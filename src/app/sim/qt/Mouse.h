@@ -19,8 +19,6 @@ class Mouse {
   explicit Mouse(Door& door);
   void Click(Where where, Qt::MouseButton button = Qt::LeftButton);
   void DoubleClick(Where where);
-  // The same as the next thing at the door.
-  void ClickNext(Where where);
 
  private:
   void Begin(const Where& where, Qt::MouseButton button, int presses);

@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     home.EmptyDocuments();
     return std::make_unique<QtDesk>(backend, network, rules, place);
   };
-  setup.longest =
-      std::chrono::minutes(5);  // it takes some hundred times as long as without a toolkit
+  // A story takes much longer here, most of all with sanitizers on a busy machine.
+  setup.longest = std::chrono::minutes(5);
   return RunProgram("quorvel-sim-qt", {argv + 1, argv + argc}, setup);
 }
