@@ -69,9 +69,10 @@ std::optional<Options> ReadCommandLine(const std::vector<std::string>& words) {
   return options;
 }
 
-std::string UsageText() {
+std::string UsageText(const std::string& program) {
   std::string text =
-      "quorvel-sim [--seeds FROM-TO] [--story KIND] [--acts \"3 7 9\"] [--trace] [--go-on]\n\n"
+      program +
+      " [--seeds FROM-TO] [--story KIND] [--acts \"3 7 9\"] [--trace] [--go-on]\n\n"
       "Plays stories in virtual time and looks whether the rules hold. Without --story the kinds\n"
       "take turns, but for sessions. Status 1 when a rule has failed.\n\n"
       "  --seeds   the stories, from 1 to 1000 by default\n"

@@ -21,6 +21,6 @@ struct Options {
 
 // Nothing if a word can't be understood.
 std::optional<Options> ReadCommandLine(const std::vector<std::string>& words);
-std::string UsageText();
+std::string UsageText(const std::string& program);
 
 }  // namespace quorvel::sim

@@ -1,7 +1,7 @@
 #include "app/sim/Player.h"
 
-#include <chrono>
 #include <cstdio>
+#include <utility>
 
 #include "app/sim/Shortening.h"
 #include "app/sim/Simulation.h"
@@ -25,9 +25,17 @@ std::string LineOf(const Story& story) {
 
 }  // namespace
 
+Player::Player(Options options, const PlayerSetup& setup, Print print)
+    : options_(std::move(options)),
+      makeDesk_(setup.makeDesk),
+      print_(std::move(print)),
+      watchdog_(setup.longest) {
+  place_.blocksInUse = setup.blocksInUse;
+}
+
 std::optional<Failure> Player::PlayOne(const Story& story, const Teller& tell) {
   watchdog_.Begin(std::string(RowOf(story.kind).name) + " " + std::to_string(story.seed));
-  Simulation simulation(place_, story, tell);
+  Simulation simulation(place_, story, tell, makeDesk_);
   const auto failure = simulation.Run();
   excuse_ = simulation.Excuse();
   return failure;

@@ -1,28 +1,34 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
 #include <string>
 
 #include "app/sim/CommandLine.h"
+#include "app/sim/Desk.h"
 #include "app/sim/Failure.h"
 #include "app/sim/Watchdog.h"
 #include "app/sim/Workplace.h"
 
 namespace quorvel::sim {
 
+// What the programs that play stories differ in.
+struct PlayerSetup {
+  MakeDesk makeDesk;
+  std::function<std::int64_t()> blocksInUse;  // the blocks of memory in use; none: not counted
+  std::chrono::seconds longest{60};           // that a story may take before it stands still
+};
+
 // Plays many stories and reports.
 class Player {
  public:
   using Print = std::function<void(const std::string& line)>;
-  Player(Options options, Print print) : options_(std::move(options)), print_(std::move(print)) {}
+  Player(Options options, const PlayerSetup& setup, Print print);
 
   std::function<void(Kind kind, std::uint64_t seed)> onStory;
-  // Where the memory in use is counted.
-  void CountBlocksBy(std::function<std::int64_t()> blocksInUse) {
-    place_.blocksInUse = std::move(blocksInUse);
-  }
   // False when a rule has failed.
   bool Play();
 
@@ -34,6 +40,7 @@ class Player {
   void ReportRate(double seconds);
 
   const Options options_;
+  const MakeDesk makeDesk_;
   const Print print_;
   Workplace place_;
   Watchdog watchdog_;

@@ -19,12 +19,17 @@ std::optional<std::string> RequestReader::Feed(char byte) {
       }
       return std::nullopt;
     case State::Marked:
+      if (byte == kFrameMark) return std::nullopt;  // the delete key once more
       text_.assign(1, byte);
-      state_ = byte >= 'A' && byte <= 'Z' ? State::Request : State::Line;
+      state_ = byte >= 'A' && byte <= 'Z' ? State::Request
+               : byte == kCr              ? State::LineStart
+                                          : State::Line;
       return std::nullopt;
     case State::Request:
       if (byte == kFrameMark) {
         state_ = State::Closed;
+      } else if (byte == kCr) {
+        state_ = State::LineStart;  // a typed line, behind the delete key
       } else {
         text_ += byte;
       }

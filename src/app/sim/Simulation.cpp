@@ -27,33 +27,27 @@ constexpr Milliseconds kPatience = 50;
 
 }  // namespace
 
-Simulation::Simulation(Workplace& place, const Story& story, Teller tell)
+Simulation::Simulation(Workplace& place, const Story& story, Teller tell, const MakeDesk& makeDesk)
     : place_(place),
       story_(story),
       tell_(std::move(tell)),
       rules_(story, place, verdict_, tell_),
       network_(agenda_, place.Host(), story, rules_),
-      backend_(network_, rules_),
-      headless_(backend_),
-      hands_(headless_, rules_, tell_),
-      operator_(hands_, story, place.Configuration()) {
-  backend_.folder = place.Folder();
-  backend_.commandLine = place.Configuration();
-  backend_.drives = {place.Folder()};
-  backend_.printerFails = story.setting.printerFails;
-  backend_.pictureFiles["picture.bmp"] = {320, 200};
-  backend_.onIdle = [this] { return Next(); };
-}
+      desk_(makeDesk({network_, rules_, place, story.setting})),
+      hands_(desk_->hands(), rules_, tell_),
+      operator_(hands_, story, place.Configuration()) {}
 
 std::optional<Failure> Simulation::Run() {
   place_.Reset(story_.setting);
   Session() = SessionState{};
-  desktop_ = std::make_unique<Desktop>(backend_);
+  desktop_ = std::make_unique<Desktop>(desk_->backend());
   WireHandOvers();
   desktop_->Post(EventKind::Program, [] { Main(); });
   for (const Track track : {Track::Operator, Track::Host, Track::Line}) ScheduleFirst(track);
-  backend_.RunUntilIdle();
-  if (!backend_.ended && !verdict_.IsOver() && !IsLockedByHost()) verdict_.Fail("quiet", "the program has not ended");
+  desk_->Play([this] { return Next(); });
+  if (!desk_->HasEnded() && !verdict_.IsOver() && !IsLockedByHost()) {
+    verdict_.Fail("quiet", "the program has not ended");
+  }
   desktop_.reset();
   rules_.CheckEnd();
   Session() = SessionState{};
@@ -117,12 +111,12 @@ void Simulation::PerformFault(const Act& act) {
 // Called whenever the program has nothing to serve, also inside its waits.
 bool Simulation::Next() {
   if (network_.HasLostRequest()) verdict_.Excuse("a request behind a line half typed");
-  if (verdict_.IsOver() || backend_.ended) return false;
+  if (verdict_.IsOver() || desk_->HasEnded()) return false;
   const bool sessions = story_.kind == Kind::Sessions;
   if (++steps_ > (sessions ? kMostStepsOfSessions : kMostSteps)) {
     verdict_.Fail("alive", "the story does not come to an end");
   }
-  backend_.ForgetThePast();
+  desk_->ForgetThePast();
   CheckIfQuiet();
   if (verdict_.failure()) return false;
   return agenda_.Step() || GoOnToTheEnd();
@@ -133,7 +127,7 @@ bool Simulation::IsInWait() const {
 }
 
 bool Simulation::IsStill() const {
-  return agenda_.IsQuietOn(Track::Wire) && !IsInWait() && backend_.openBoxes.empty();
+  return agenda_.IsQuietOn(Track::Wire) && !IsInWait() && !desk_->HasOpenBoxes();
 }
 
 void Simulation::CheckIfQuiet() {

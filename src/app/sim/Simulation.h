@@ -5,8 +5,9 @@
 #include <optional>
 
 #include "app/sim/Agenda.h"
+#include "app/sim/Desk.h"
 #include "app/sim/Failure.h"
-#include "app/sim/HeadlessHands.h"
+#include "app/sim/HeadlessDesk.h"
 #include "app/sim/Network.h"
 #include "app/sim/Operator.h"
 #include "app/sim/Rules.h"
@@ -17,39 +18,11 @@
 
 namespace quorvel::sim {
 
-// A headless desktop on the story's line, whose boxes and windows the rules see.
-class SimBackend : public HeadlessBackend {
- public:
-  SimBackend(Network& network, Rules& rules) : network_(network), rules_(rules) {}
-  std::unique_ptr<Transport> MakeTransport() override { return network_.MakeTransport(); }
-  MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) override {
-    rules_.OnBox(request);
-    return HeadlessBackend::ShowMessageBox(request);
-  }
-  std::unique_ptr<WindowPeer> MakePeer(Window& window) override {
-    rules_.OnLoad(window);
-    return HeadlessBackend::MakePeer(window);
-  }
-  // Nobody asks for what has been; it would look like memory that the program holds.
-  void ForgetThePast() {
-    messageBoxes.clear();
-    pointers.clear();
-    printed.clear();
-    picturesRead.clear();
-    started.clear();
-    faxes.clear();
-    if (fileDialogs.size() > 1) fileDialogs.erase(fileDialogs.begin(), fileDialogs.end() - 1);
-  }
-
- private:
-  Network& network_;
-  Rules& rules_;
-};
-
 // One story, told once. There is one at a time in a process, as there is one desktop.
 class Simulation {
  public:
-  Simulation(Workplace& place, const Story& story, Teller tell = {});
+  Simulation(Workplace& place, const Story& story, Teller tell = {},
+             const MakeDesk& makeDesk = MakeHeadlessDesk);
 
   // What went wrong; nothing when all rules held to the end.
   std::optional<Failure> Run();
@@ -79,8 +52,7 @@ class Simulation {
   Agenda agenda_;
   Rules rules_;
   Network network_;
-  SimBackend backend_;
-  HeadlessHands headless_;
+  const std::unique_ptr<Desk> desk_;
   WatchedHands hands_;
   Operator operator_;
   std::unique_ptr<Desktop> desktop_;

@@ -263,6 +263,17 @@ TEST(Requests, AreTextBehindTypedText) {
   EXPECT_FALSE(reader.Feed('\r'));
 }
 
+TEST(Requests, AreNoneBehindTheDeleteKey) {
+  RequestReader reader;
+  for (const char byte : std::string("\x7FHELP\r")) EXPECT_FALSE(reader.Feed(byte));
+  EXPECT_FALSE(reader.IsInside());
+  std::vector<std::string> found;
+  for (const char byte : std::string("\x7F\r\x7F\x7FREAD\x7F\r")) {
+    if (const auto request = reader.Feed(byte)) found.push_back(*request);
+  }
+  EXPECT_EQ(found, (std::vector<std::string>{"READ"}));
+}
+
 TEST(Shortening, KeepsWhatTheFailureNeeds) {
   const Story story = MakeStory(Kind::Fast, 1);
   ASSERT_GT(story.kept.size(), 9U);

@@ -1,18 +1,12 @@
 #include "app/sim/Watchdog.h"
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
 namespace quorvel::sim {
-namespace {
 
-// Of real time. A story takes milliseconds, one of a thousand sessions some seconds.
-constexpr auto kLongest = std::chrono::seconds(60);
-
-}  // namespace
-
-Watchdog::Watchdog() : thread_([this] { Watch(); }) {}
+Watchdog::Watchdog(std::chrono::seconds longest)
+    : longest_(longest), thread_([this] { Watch(); }) {}
 
 Watchdog::~Watchdog() {
   {
@@ -34,9 +28,9 @@ void Watchdog::Watch() {
   std::unique_lock lock(mutex_);
   while (!over_) {
     const unsigned seen = count_;
-    const bool goesOn = changed_.wait_for(lock, kLongest, [&] { return over_ || count_ != seen; });
+    const bool goesOn = changed_.wait_for(lock, longest_, [&] { return over_ || count_ != seen; });
     if (goesOn || name_.empty()) continue;
-    std::fprintf(stderr, "quorvel-sim: the story %s stands still\n", name_.c_str());
+    std::fprintf(stderr, "The story %s stands still\n", name_.c_str());
     std::abort();
   }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <string>
@@ -11,7 +12,8 @@ namespace quorvel::sim {
 // counted.
 class Watchdog {
  public:
-  Watchdog();
+  // `longest`: of real time, that a story may take.
+  explicit Watchdog(std::chrono::seconds longest);
   ~Watchdog();
   Watchdog(const Watchdog&) = delete;
   Watchdog& operator=(const Watchdog&) = delete;
@@ -22,6 +24,7 @@ class Watchdog {
  private:
   void Watch();
 
+  const std::chrono::seconds longest_;
   std::mutex mutex_;
   std::condition_variable changed_;
   std::string name_;

@@ -12,6 +12,14 @@ std::string NameOf(Control& control) {
   return control.window().Name() + "." + control.CodeName();
 }
 
+// What a key sends from a terminal, where it is sent as it is; the others send sequences.
+std::string TextOf(KeyCode key, int shift) {
+  if (key == KeyCode::Return) return "\r";
+  if (key == KeyCode::Tab) return "\t";
+  if (key != KeyCode::Backspace) return {};
+  return (shift & kControl) != 0 ? "\b" : "\x7F";
+}
+
 // What a command button is going to send.
 std::string CommandOf(const Control& button) {
   std::string text;
@@ -39,6 +47,7 @@ void WatchedHands::Click(Control& control) {
 
 void WatchedHands::DoubleClick(Control& control) {
   Tell("double-clicks " + NameOf(control));
+  if (control.Name() == "cmdButton") rules_.OnTyped(CommandOf(control) + CommandOf(control));
   hands_.DoubleClick(control);
 }
 
@@ -50,7 +59,7 @@ void WatchedHands::RightClick(Control& control) {
 void WatchedHands::Press(KeyCode key, int shift) {
   Tell("presses key " + std::to_string(static_cast<int>(key)) +
        (shift == kNoShift ? "" : " with shift state " + std::to_string(shift)));
-  if (key == KeyCode::Return) rules_.OnTyped("\r");
+  rules_.OnTyped(TextOf(key, shift));
   hands_.Press(key, shift);
 }
 
