@@ -25,11 +25,16 @@ std::string ShownDefault(const FieldDefinition& field) {
 
 // --- arriving
 
+// A window that was open in a wait has closed and gives the keyboard back: that enters no field.
+bool FieldKeys::IsHeldUp() const {
+  return arriving_ >= kMostArrivals || p_.screen.IsInWait();
+}
+
 void FieldKeys::EnterText(int number) {
   SessionState& s = Session();
   const FieldDefinition& field = p_.definition.Field(number);
   TextBox* box = p_.fields.TextBoxOf(number);
-  if (!box || arriving_ >= kMostArrivals) return;
+  if (!box || IsHeldUp()) return;
   const ScopedCount arriving(arriving_);
   if (s.PendingOp == "ReturnAns") {
     ResumeAwaiting();
@@ -55,7 +60,7 @@ void FieldKeys::EnterCombo(int number) {
   SessionState& s = Session();
   const FieldDefinition& field = p_.definition.Field(number);
   ComboBox* combo = p_.fields.ComboBoxOf(number);
-  if (!combo || arriving_ >= kMostArrivals) return;
+  if (!combo || IsHeldUp()) return;
   const ScopedCount arriving(arriving_);
   if (!Arrive(field, *combo)) return;
   if (!s.FieldOldValue.empty()) {

@@ -29,6 +29,7 @@ class FieldKeys {
   void TakeListAnswer(int number);
 
  private:
+  bool IsHeldUp() const;
   bool Arrive(const FieldDefinition& field, const Control& box);
   void ReleaseRecord(bool clear);
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "link/HostWait.h"
 #include "platform/MessageBox.h"
 #include "platform/controls/Window.h"
 
@@ -23,6 +24,8 @@ class OpenScreen {
   // Makes the session's fields this screen's again: another screen may have been asked for in vain.
   void Resume() const;
 
+  // Whether an event of the screen waits for the host.
+  bool IsInWait() const { return IsWaiting(window_); }
   // Runs the handling of one event of the screen. Does nothing for a screen that is gone, nor while
   // another screen is being fetched.
   void Run(const std::function<void()>& body);

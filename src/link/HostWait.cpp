@@ -42,6 +42,12 @@ void ResumeAwaiting() {
   Session().PendingOp = AwaitedBeside();
 }
 
+bool IsWaiting(const Window& window) {
+  const HostWaits& waits = Session().Waits;
+  return std::any_of(waits.begin(), waits.end(),
+                     [&window](const HostWait* wait) { return wait->IsOf(window); });
+}
+
 // The host answers in the order in which it was asked.
 bool SettleGivenUp(bool isHookReply) {
   SessionState& s = Session();
@@ -76,6 +82,7 @@ void HostWait::Run(const std::function<bool()>& waiting) {
   Desktop& desk = desktop();
   if (!IsLinkUp() || desk.IsRunningStale()) throw QuietEnd{};
   const std::shared_ptr<Window> owner = desk.RunningWindow();
+  owner_ = owner;
   const unsigned session = desk.Generation();
   const bool owned = owner && owner->IsLoaded();
   const auto over = [&] { return desk.IsRunningStale() || (owned && !owner->IsLoaded()); };

@@ -2,11 +2,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quorvel {
+
+class Window;
 
 // PendingOp when the reply to a hook has come, and while a report is captured.
 inline constexpr char kReturnCase[] = "ReturnCase";
@@ -36,6 +39,7 @@ class HostWait {
   void Run(const std::function<bool()>& waiting);
 
   const std::string& PendingOp() const { return pendingOp_; }
+  bool IsOf(const Window& window) const { return owner_.lock().get() == &window; }
   bool IsAnswered() const { return answered_; }
   // The reply has come: takes down what it has left in the session.
   void TakeReply();
@@ -49,6 +53,7 @@ class HostWait {
   void GiveUp() const;
 
   const std::string pendingOp_;
+  std::weak_ptr<Window> owner_;
   bool answered_ = false;
   Reply reply_;
 };
@@ -58,6 +63,9 @@ using HostWaits = std::vector<HostWait*>;
 
 // The innermost wait of this name without a reply; nullptr for none.
 HostWait* UnansweredWait(std::string_view pendingOp);
+
+// Whether an event of this window waits for the host.
+bool IsWaiting(const Window& window);
 
 // What a reply is a reply to, where PendingOp names something else that goes on meanwhile (the
 // capture of a report); empty where nothing is waited for.

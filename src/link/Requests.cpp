@@ -50,6 +50,7 @@ void SendToHost(const std::string& text) {
 
 void SendLogOff() {
   desktop().EndRunningBelow();
+  desktop().DropKeptInput();
   SendToHost(std::string("OFF") + CR);
 }
 

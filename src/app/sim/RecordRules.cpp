@@ -104,9 +104,11 @@ void SavedRule::OnAccepted() {
   data_ = {};
   requests_ = {};
   promise_.reset();
+  loggedOff_ = false;
 }
 
 void SavedRule::OnSent(std::string_view bytes, bool hostIsSample) {
+  loggedOff_ = loggedOff_ || bytes == "OFF\r";
   for (const char byte : bytes) {
     const auto data = data_.Feed(byte);
     if (!data) continue;
@@ -162,7 +164,10 @@ void SavedRule::OnBox(const MessageBoxRequest& box) {
   }
 }
 
+// A program of the host may take the log-off for its input. What it has broken off in the client
+// stays locked until the link ends.
 void SavedRule::CheckLocks(int port) {
+  if (loggedOff_) return;
   const auto* window = LoadedForm<frmEntry>();
   const bool open = window && !window->cmdExit.Enabled();
   const SessionState& s = Session();
@@ -175,7 +180,8 @@ void SavedRule::CheckLocks(int port) {
 
 void SavedRule::OnSaveClicked() {
   promise_.reset();
-  if (desktop().IsHandling()) return;  // the click may be dropped: what follows is another's doing
+  // The click may be dropped, or change places with what was typed ahead of it.
+  if (desktop().IsHandling() || desktop().HasKeptInput()) return;
   auto* window = LoadedForm<frmEntry>();
   const demohost::Screen* screen = window ? ScreenOf(Session().DataFile) : nullptr;
   if (!screen || !window->cmdSave.Reachable() || !window->TakesInput()) return;

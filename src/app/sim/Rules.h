@@ -69,7 +69,8 @@ class SavedRule {
   DataBytes data_;
   RequestReader requests_;
   std::optional<Promise> promise_;
-  bool wrote_ = false;  // and the operator has done nothing since
+  bool loggedOff_ = false;  // in this session
+  bool wrote_ = false;      // and the operator has done nothing since
 };
 
 // Each box of the host opens once, in the order in which they came.
