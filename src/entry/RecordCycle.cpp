@@ -1,5 +1,7 @@
 #include "entry/RecordCycle.h"
 
+#include <algorithm>
+
 #include "entry/RecordMapping.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
@@ -21,6 +23,7 @@ const std::string kNoFile = "UNABLE TO OPEN FILE";
 // --- key entry
 
 void RecordCycle::AcceptKey() const {
+  if (!IsAtKey()) return;
   SessionState& s = Session();
   s.EntryRecord.clear();
   s.OriginalRecord.clear();
@@ -35,6 +38,16 @@ void RecordCycle::AcceptKey() const {
   p_.screen.ReadData(s.RecordKey);
   const bool open = s.ReadFailed == kFalse ? ShowFoundRecord() : StartNewRecord(firstOther);
   if (open) OpenForKey(false);
+}
+
+// A log-off may have broken off the way to a record: then there is no key to accept.
+bool RecordCycle::IsAtKey() const {
+  const auto& placed = p_.fields.Placed();
+  const auto isKey = [](const PlacedField& field) { return field.flag == FieldFlag::Key; };
+  const bool keyed = std::any_of(placed.begin(), placed.end(), isKey);
+  return !keyed || std::any_of(placed.begin(), placed.end(), [&](const PlacedField& field) {
+    return isKey(field) && p_.fields.IsEnabled(field.number);
+  });
 }
 
 // Puts RecordKey together and opens the other fields. False when the key leaves the screen.

@@ -28,6 +28,7 @@ class RecordCycle {
   void ApplyMode(const std::string& mode) const;
 
  private:
+  bool IsAtKey() const;
   bool TakeKey(int& firstOther) const;
   bool ShowFoundRecord() const;
   bool StartNewRecord(int firstOther) const;

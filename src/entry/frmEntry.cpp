@@ -1,5 +1,7 @@
 #include "entry/frmEntry.h"
 
+#include <algorithm>
+
 #include "entry/ListRequests.h"
 #include "entry/ScreenBuilder.h"
 #include "link/HostWait.h"
@@ -167,8 +169,10 @@ void frmEntry::Form_QueryUnload(bool& cancel) {
 void frmEntry::Form_Unload(bool&) {
   Session().ScreenLoaded = kFalse;
   // What another window waits for is not the screen's to end.
-  const bool others = desktop().OthersHoldInput(*this) || Session().Run.AwaitsReply();
-  if (!others) Session().PendingOp.clear();
+  const HostWaits& waits = Session().Waits;
+  const bool others = std::any_of(waits.begin(), waits.end(),
+                                  [this](const HostWait* wait) { return !wait->IsOf(*this); });
+  if (!others) ClearPendingOp();
 }
 
 // Without a link the record can't be saved any more; that must not keep the user from leaving.

@@ -105,6 +105,7 @@ bool frmHelpText::Save() {
   // Changed it stays until the host has answered: the link may be lost first.
   const ScopedFlag saving(saving_);
   WriteHelpText(AsField(text), kLineWidth, std::string(1, SVM));
+  if (!IsLinkUp()) return false;  // nobody knows whether it has been written
   changed_ = false;
   written_ = true;
   return IsLoaded();

@@ -127,6 +127,9 @@ void frmSubMenu::Form_GotFocus() {
 
 void frmSubMenu::Form_Unload(bool&) {
   Session().MenuLoaded = 0;
+  // The next window shows what it is opened for, and may come to this menu behind that.
+  Session().ShownMenuText.clear();
+  Session().ShownMenuCommands.clear();
 }
 
 // --- building

@@ -76,7 +76,7 @@ void WatchedHands::ChooseMenu(MenuItem& entry) {
   Tell("chooses " + entry.window().Name() + "." + entry.Name());
   if (entry.Name() == "mnuEPaste") rules_.OnTyped(desktop().backend().clipboard().Text());
   const std::string name = entry.window().Name() + "." + entry.Name();
-  if (name == "mdiMain.mnuExit") rules_.OnExitChosen();
+  if (name == "mdiMain.mnuExit" && entry.window().TakesInput()) rules_.OnExitChosen();
   if (name == "frmHelpText.mnuFileExit") rules_.OnHelpLeft();
   hands_.ChooseMenu(entry);
 }

@@ -259,12 +259,6 @@ bool Desktop::HoldsInput(const Window& window) const {
   });
 }
 
-bool Desktop::OthersHoldInput(const Window& window) const {
-  return std::any_of(running_.begin(), running_.end(), [&window](const Running& running) {
-    return running.holdsSince != 0 && running.window.lock().get() != &window;
-  });
-}
-
 bool Desktop::KeepsInput(const Window& window) const {
   return IsServing() && given_ == 0 && HoldsInput(window);
 }

@@ -70,8 +70,6 @@ class Desktop {
   // Whether events that are not done yet hold the input for this window; and whether what the user
   // does there now is to be kept: it is not served by itself, out of what was kept.
   bool HoldsInput(const Window& window) const;
-  // Whether events of other windows do.
-  bool OthersHoldInput(const Window& window) const;
   bool KeepsInput(const Window& window) const;
   void KeepInput(Window& window, std::function<void()> act);
   // While it is deferred, what was kept stays kept, and what comes behind it waits for its turn.
