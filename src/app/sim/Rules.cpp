@@ -9,6 +9,7 @@
 #include "menus/frmHelpText.h"
 #include "output/frmReport.h"
 #include "platform/controls/Desktop.h"
+#include "settings/frmTerm.h"
 
 namespace quorvel::sim {
 namespace {
@@ -137,6 +138,12 @@ void Rules::OnBox(const MessageBoxRequest& box) {
   saved_.OnBox(box);
   exit_.OnBox(box);
   link_.OnBox(box);
+}
+
+// The terminal's settings replace the title in the caption by its length, whatever stands there.
+void Rules::OnAct() {
+  saved_.OnAct();
+  if (LoadedForm<frmTerm>()) link_.OnFileChosen();
 }
 
 void Rules::OnAnswered(const std::string& title, bool yes) {

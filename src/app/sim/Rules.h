@@ -160,7 +160,7 @@ class Rules final : public WireWatch {
   void OnLoad(Window& window) { owners_.OnLoad(window); }
   void OnTyped(const std::string& text);
   void OnSaveClicked() { saved_.OnSaveClicked(); }
-  void OnAct() { saved_.OnAct(); }
+  void OnAct();
   void OnExitChosen() { exit_.OnChosen(); }
   void OnHelpLeft() { help_.OnLeft(); }
   void OnAnswered(const std::string& title, bool yes);
