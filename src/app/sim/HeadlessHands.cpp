@@ -14,6 +14,14 @@ void HeadlessHands::In(Window& window, std::function<void()> act) {
   });
 }
 
+// Nobody types on in the next session what he has begun in this one.
+void HeadlessHands::Type(const std::string& text) {
+  const unsigned session = desktop().Generation();
+  for (const char c : text) {
+    if (desktop().Generation() == session) user_.Type(std::string(1, c));
+  }
+}
+
 void HeadlessHands::PickRow(Control& list, int row) {
   In(list.window(), [&list, row] {
     if (list.kind() == ControlKind::ListBox) static_cast<ListBox&>(list).UserPick(row);

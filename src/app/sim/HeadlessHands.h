@@ -17,7 +17,7 @@ class HeadlessHands : public Hands {
   void DoubleClick(Control& control) override { user_.DoubleClick(control); }
   void RightClick(Control& control) override { user_.RightClick(control); }
   void Press(KeyCode key, int shift) override { user_.Press(key, shift); }
-  void Type(const std::string& text) override { user_.Type(text); }
+  void Type(const std::string& text) override;
   void ChooseMenu(MenuItem& entry) override { entry.UserClick(); }
   void CloseBox(Window& window) override { window.UserClose(); }
   void TurnTo(Window& window) override { window.UserActivate(); }
