@@ -11,7 +11,7 @@
 
 #include "entry/Conversions.h"
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "link/Marks.h"
 #include "platform/RuntimeError.h"
 

@@ -1,7 +1,7 @@
 #include "entry/FieldKeys.h"
 
 #include "entry/Conversions.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"

@@ -1,6 +1,6 @@
 #include "entry/ScreenDefinition.h"
 
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "platform/Numbers.h"

@@ -2,7 +2,7 @@
 
 #include "entry/Conversions.h"
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"

@@ -124,6 +124,7 @@ void RunOption() {
     Running& operator=(const Running&) = delete;
     bool requested = false;
   } running;
+  s.OptionId = AsField(s.OptionId);
   ReadRecord("DICTIONARY", s.OptionId);
   if (s.ReadFailed == kFalse) {
     const std::string dataFile = ExtractOf(s.ReplyRecord, kOptionDataFile, 0, 0);
