@@ -11,8 +11,8 @@
 
 #include "entry/Conversions.h"
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
 #include "link/Marks.h"
+#include "platform/NumberText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvel {

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "platform/PlainText.h"
 
 namespace quorvel {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "platform/RuntimeError.h"
 
 namespace quorvel {

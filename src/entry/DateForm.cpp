@@ -4,7 +4,7 @@
 
 #include "entry/Conversions.h"
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "platform/PlainText.h"
 
 namespace quorvel {

@@ -1,8 +1,8 @@
 #include "entry/FieldDefinition.h"
 
-#include "entry/NumberText.h"
 #include "link/Marks.h"
 #include "link/Records.h"
+#include "platform/NumberText.h"
 #include "platform/Numbers.h"
 #include "platform/RuntimeError.h"
 

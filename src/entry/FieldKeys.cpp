@@ -1,11 +1,11 @@
 #include "entry/FieldKeys.h"
 
 #include "entry/Conversions.h"
-#include "entry/NumberText.h"
 #include "link/HostWait.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
+#include "platform/NumberText.h"
 #include "platform/Numbers.h"
 #include "platform/Scoped.h"
 #include "platform/controls/Desktop.h"

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "entry/Conversions.h"
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 #include "platform/PlainText.h"
 
 namespace quorvel {

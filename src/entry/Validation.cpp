@@ -2,10 +2,10 @@
 
 #include "entry/Conversions.h"
 #include "entry/DateText.h"
-#include "entry/NumberText.h"
 #include "link/Records.h"
 #include "link/Requests.h"
 #include "link/SessionState.h"
+#include "platform/NumberText.h"
 #include "platform/Numbers.h"
 
 namespace quorvel {

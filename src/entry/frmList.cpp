@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "entry/NumberText.h"
 #include "link/HandOvers.h"
 #include "link/Marks.h"
 #include "link/Records.h"
 #include "link/SessionState.h"
+#include "platform/NumberText.h"
 #include "platform/PlainText.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"

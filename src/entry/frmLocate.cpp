@@ -26,8 +26,8 @@ std::string TakeWord(TextBox& box) {
 
 frmLocate::frmLocate() : Window(Kind::Dialog, "frmLocate") {
   Caption = "Locator";
-  Label1.Caption = "Locator &Key";
-  lblLimiter.Caption = "Search &Limiter";
+  Label1.Caption = "Locator Key";
+  lblLimiter.Caption = "Search Limiter";
   cmdOK.Caption = "&OK";
   cmdOK.Default = true;
   cmdContinue.Caption = "&Continue";

@@ -26,6 +26,13 @@ bool ExportsAtOnce(std::int16_t type) {
   return type == 0 || type == 2;
 }
 
+// A report may be confidential.
+void KeepPrivate(const std::string& path) {
+  namespace fs = std::filesystem;
+  std::error_code ignored;
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
+}
+
 }  // namespace
 
 void TakeCaptureOn() {
@@ -46,7 +53,8 @@ void TakeCaptureOn() {
 void AppendToCapture(std::string_view block) {
   SessionState& s = Session();
   errno = 0;
-  std::ofstream file(s.CaptureFile, std::ios::binary | std::ios::app);
+  std::ofstream file(s.CaptureFile, std::ios::binary | std::ios::app | std::ios::ate);
+  if (file && file.tellp() == 0) KeepPrivate(s.CaptureFile);
   file.write(block.data(), static_cast<std::streamsize>(block.size()));
   file.close();
   if (file || s.CaptureFailureTold) return;

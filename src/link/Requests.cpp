@@ -133,6 +133,7 @@ void RunOption() {
     const unsigned session = desktop().Generation();
     bool requested = false;
   } running;
+  s.OptionId = AsField(s.OptionId);
   ReadRecord("DICTIONARY", s.OptionId);
   if (s.ReadFailed == kFalse) {
     const std::string dataFile = ExtractOf(s.ReplyRecord, kOptionDataFile, 0, 0);

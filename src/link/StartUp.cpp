@@ -26,15 +26,27 @@ bool AskForHostAndUser() {
   return !browsed;
 }
 
+// Nothing can be kept without it.
+void CheckFolder() {
+  try {
+    desktop().backend().application().Folder();
+  } catch (const RuntimeError& failure) {
+    desktop().MsgBox(std::string("The program can't run without its folder.\n\n") + failure.what(),
+                     MessageBoxStyle::kCritical);
+    desktop().EndProcess(1);
+  }
+}
+
 }  // namespace
 
 void Main() {
+  CheckFolder();
   SessionState& s = Session();
   s.MagicChar = std::string(1, static_cast<char>(s.Magic));
   s.ConfirmExit = kTrue;
   s.ScreenLoaded = kFalse;
   Application& application = desktop().backend().application();
-  s.CaptureFile = application.PathOf("TEMPRPT.TXT");
+  s.CaptureFile = application.OwnPathOf("TEMPRPT.TXT");
   s.AppTitleBase = application.Title();
   s.PassThroughPrint = kFalse;
   Ask().ShowMainWindow();

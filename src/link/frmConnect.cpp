@@ -4,7 +4,7 @@
 #include "link/Marks.h"
 #include "link/SessionState.h"
 #include "link/TelnetControl.h"
-#include "platform/Numbers.h"
+#include "platform/NumberText.h"
 #include "platform/PlainText.h"
 #include "platform/ProfileFile.h"
 #include "platform/controls/Desktop.h"
@@ -86,8 +86,9 @@ void frmConnect::txtPassword_KeyPress(int& code) {
 
 void frmConnect::cmdConnect_Click() {
   SessionState& s = Session();
-  if (!IsNumber(s.Port)) s.Port = "23";
-  if (TelnetControl* telnet = Ask().Telnet()) telnet->SetRemotePort(s.Port);
+  if (!IsNumeric(s.Port)) s.Port = "23";
+  // As the network wants it: "1,023" is a number, too.
+  if (TelnetControl* telnet = Ask().Telnet()) telnet->SetRemotePort(PlainNumber(NumberOf(s.Port)));
   txtUserId.Text = InCase(txtUserId.Text(), s.ConvUser);
   txtPassword.Text = InCase(txtPassword.Text(), s.ConvPwd);
   s.HostName = HostName.Text();

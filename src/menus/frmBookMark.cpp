@@ -91,16 +91,19 @@ void frmBookMark::AddBookMark() {
   list.Insert(0, s.BookmarkText);
   // OK runs the selected line: what has only been edited is not to be run by it.
   lstCommands.ListIndex = -1;
+  movedIndex_ = -1;
 }
 
 void frmBookMark::MoveLine(int from, int to, const std::string& text) {
   lstCommands.List.Remove(from);
   lstCommands.List.Insert(to, text);
-  lstCommands.ListIndex = to;
+  lstCommands.ListIndex = -1;  // moving is editing, too
+  movedIndex_ = to;
 }
 
 void frmBookMark::lstCommands_MouseDown(MouseButton button) {
   if (button != MouseButton::Left) return;
+  movedIndex_ = -1;
   pressedIndex_ = lstCommands.ListIndex();
   pressedText_ = lstCommands.Text();
 }
@@ -117,10 +120,11 @@ void frmBookMark::lstCommands_KeyDown(KeyEvent& key) {
   const bool down = key.code == static_cast<int>(KeyCode::Down);
   if (key.shift != kAlt || (!up && !down)) return;
   key.code = 0;
-  const int from = lstCommands.ListIndex();
+  // Pressed once more, it moves the same line on.
+  const int from = lstCommands.ListIndex() < 0 ? movedIndex_ : lstCommands.ListIndex();
   const int to = from + (up ? -1 : 1);
   if (from < 0 || to < 0 || to >= lstCommands.List.Count()) return;
-  MoveLine(from, to, lstCommands.Text());
+  MoveLine(from, to, lstCommands.List.At(from));
 }
 
 bool frmBookMark::HeaderIsSelected() const {
@@ -150,6 +154,7 @@ void frmBookMark::cmdDelete_Click() {
   if (lstCommands.ListIndex() < 0) return;
   lstCommands.List.Remove(lstCommands.ListIndex());
   lstCommands.ListIndex = -1;
+  movedIndex_ = -1;
 }
 
 void frmBookMark::cmdOK_Click() {
@@ -175,7 +180,7 @@ void ShowBookmarks() {
   Form<frmBookMark>()->ShowModal();
   if (s.BookmarkText.empty() || s.Run.DropsAnother()) return;
   s.PendingOp = "RunOption";
-  s.OptionId = s.BookmarkText;
+  s.OptionId = AsField(s.BookmarkText);
   if (s.BookmarkContext == "TELNET") {
     SendToHost(s.OptionId + CR);
     return;

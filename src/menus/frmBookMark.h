@@ -45,6 +45,7 @@ class frmBookMark : public Window {
 
   int pressedIndex_ = -1;  // the line under the mouse button that went down
   std::string pressedText_;
+  int movedIndex_ = -1;  // the line that was moved last; -1 once something else has been done
   bool unread_ = false;  // the file is there and could not be read: it is not written over
 };
 

@@ -47,7 +47,7 @@ frmExpParm::frmExpParm() : Window(Kind::Dialog, "frmExpParm") {
   lblCmd.Caption = "Command Li&ne";
   cmdBrowse.Caption = "B&rowse";
   lblWildcard.Caption = "(use @ as a wildcard for report file name)";
-  chkDefault.Caption = "Set As De&fault";
+  chkDefault.Caption = "Set As Default";
   Frame2.Caption = kExportFolderTitle;
   cmdBrowseExp.Caption = "&Browse";
   cmdOK.Caption = "&Save";
@@ -111,10 +111,13 @@ void frmExpParm::cmdAdd_Click() {
     return;
   }
   changed_ = true;
+  const std::string selected = lstCommands.Text();
   std::vector<std::string> list = lstCommands.List.All();
   AddExportEntry(list, entry);
   lstCommands.List.Clear();
   for (std::string& line : list) lstCommands.List.Add(std::move(line));
+  // A line that has been changed is still there, to be deleted.
+  if (!selected.empty()) lstCommands.ListIndex = lstCommands.List.Find(selected);
   txtDesc.Text = std::string();
   txtCmd.Text = std::string();
   chkDefault.Value = false;

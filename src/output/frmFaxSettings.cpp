@@ -9,6 +9,7 @@ namespace quorvel {
 
 frmFaxSettings::frmFaxSettings() : Window(Kind::Dialog, "frmFaxSettings") {
   Caption = "Fax Settings";
+  Resizable = true;
   lblFaxServer.Caption = "Fax Server";
   lblPrefix.Caption = "Fax Number Prefix";
   optSend0.Caption = "Send Cover Page";

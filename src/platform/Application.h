@@ -17,6 +17,9 @@ class Application {
   virtual char PathSeparator() const = 0;
   // The path of a file of this name in the application folder. RuntimeError 76 as above.
   std::string PathOf(const std::string& name) { return Folder() + PathSeparator() + name; }
+  // The same, but of a file that no other running copy of the program uses: the first copy gets the
+  // name itself ("REPORT.TXT"), a further one "REPORT-2.TXT" and so on.
+  virtual std::string OwnPathOf(const std::string& name) = 0;
   // The drives and mounted volumes, each as the path of its topmost folder.
   virtual std::vector<std::string> Drives() = 0;
   // Today as the system writes a date in its short form.

@@ -4,6 +4,7 @@
 
 #include "link/HandOvers.h"
 #include "link/SessionState.h"
+#include "platform/NumberText.h"
 #include "platform/Numbers.h"
 #include "platform/controls/Desktop.h"
 #include "platform/controls/TerminalControl.h"
@@ -52,7 +53,7 @@ bool Refuse(TextBox& box, const std::string& message) {
 // An empty box counts as 0.
 bool HoldsNumber(TextBox& box, const std::string& message) {
   if (box.Text().empty()) box.Text = "0";
-  return IsNumber(box.Text()) || Refuse(box, message);
+  return IsNumeric(box.Text()) || Refuse(box, message);
 }
 
 }  // namespace
@@ -204,12 +205,12 @@ bool frmTerm::IsFontChanged() const {
 bool frmTerm::HasValidEntries() {
   if (!HoldsNumber(txtBufferRows, "Buffer Rows must be numeric!")) return false;
   if (!HoldsNumber(txtRows, "Screen Rows must be numeric!")) return false;
-  const double rows = ToNumber(txtRows.Text());
+  const double rows = NumberOf(txtRows.Text());
   if (rows <= 0 || rows > kMostRows) {
     return Refuse(txtRows, "Screen Rows must be between 1 and 100!");
   }
   constexpr double kMostBufferRows = 32767;  // what the setting holds
-  if (std::abs(ToNumber(txtBufferRows.Text())) > kMostBufferRows) {
+  if (std::abs(NumberOf(txtBufferRows.Text())) > kMostBufferRows) {
     return Refuse(txtBufferRows, "Buffer Rows must be at most 32767!");
   }
   if (!IsKeepable(txtMdiCaption, SettingFault(txtMdiCaption.Text()))) return false;
@@ -220,7 +221,7 @@ bool frmTerm::HasValidEntries() {
 
 void frmTerm::StoreTerminal(Terminal& terminal) {
   SessionState& s = Session();
-  s.Rows = ToInt16(txtRows.Text());
+  s.Rows = RoundToInt16(NumberOf(txtRows.Text()));
   terminal.Rows = s.Rows;
   s.Columns = static_cast<std::int16_t>(cboCols.ListIndex());
   terminal.Columns = s.Columns;
@@ -232,7 +233,7 @@ void frmTerm::StoreTerminal(Terminal& terminal) {
   terminal.PassThrough = s.PassThrough == 1;
   s.AutoSize = chkAutoSize.Value() ? 1 : 0;
   Ask().ScaleMenu(s.AutoSize == 1 && s.MenuLoaded == 1);
-  s.BufferRows = ToInt16(txtBufferRows.Text());
+  s.BufferRows = RoundToInt16(NumberOf(txtBufferRows.Text()));
   terminal.BufferRows = s.BufferRows;
   s.KeyPad = optKPNum.Value() ? 0 : 1;
   terminal.KeyPad = s.KeyPad;

@@ -31,8 +31,8 @@ class Backend {
   // Something was posted to the desktop's queue: see that Desktop::ServeQueue runs soon.
   virtual void Wake() = 0;
   virtual void ServeToolkit(Serve serve) = 0;
-  // The program is to end: leave every loop of the toolkit and close its boxes.
-  virtual void Quit() = 0;
+  // The program is to end with this status: leave every loop of the toolkit and close its boxes.
+  virtual void Quit(int status) = 0;
 
   // Blocks, serving events, until the user has answered or the program ends.
   virtual MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) = 0;

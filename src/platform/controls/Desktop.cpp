@@ -219,11 +219,11 @@ void Desktop::CheckEnding() const {
   if (ending_) throw QuietEnd{};
 }
 
-void Desktop::EndProcess() {
+void Desktop::EndProcess(int status) {
   if (!ending_) {
     ending_ = true;
     queue_.clear();
-    backend_.Quit();
+    backend_.Quit(status);
   }
   if (IsHandling()) throw QuietEnd{};
 }

@@ -93,8 +93,9 @@ class Desktop {
   // Whether the running event began in an older generation, or has been ended.
   bool IsRunningStale();
 
-  // Ends the process: every wait unwinds. Does not return while an event is being handled.
-  void EndProcess();
+  // Ends the process with this status: every wait unwinds. Does not return while an event is being
+  // handled.
+  void EndProcess(int status = 0);
   bool IsEnding() const { return ending_; }
 
   // --- boxes and pop-ups

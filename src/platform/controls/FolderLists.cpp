@@ -87,12 +87,24 @@ void DriveListBox::Refill() {
   for (std::string& drive : desktop().backend().application().Drives()) List.Add(std::move(drive));
 }
 
+namespace {
+
+// "/home" holds "/home/kit", and not "/home2".
+bool LiesOn(const std::string& path, const std::string& drive) {
+  if (!path.starts_with(drive)) return false;
+  const auto isSeparator = [](char c) { return c == '/' || c == fs::path::preferred_separator; };
+  return path.size() == drive.size() || isSeparator(drive.back()) ||
+         isSeparator(path[drive.size()]);
+}
+
+}  // namespace
+
 void DriveListBox::SelectDriveOf(const std::string& path) {
   int best = -1;
   std::size_t longest = 0;
   for (int i = 0; i < List.Count(); ++i) {
     const std::string& drive = List.At(i);
-    if (drive.size() > longest && path.starts_with(drive)) {
+    if (drive.size() > longest && LiesOn(path, drive)) {
       best = i;
       longest = drive.size();
     }

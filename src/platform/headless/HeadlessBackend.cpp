@@ -181,6 +181,11 @@ std::unique_ptr<Transport> HeadlessBackend::MakeTransport() {
   return std::make_unique<HeadlessTransport>(*this);
 }
 
+std::string HeadlessBackend::Folder() {
+  if (folderFails) throw RuntimeError(Failure::PathNotFound);
+  return folder;
+}
+
 char HeadlessBackend::PathSeparator() const {
   return static_cast<char>(std::filesystem::path::preferred_separator);
 }

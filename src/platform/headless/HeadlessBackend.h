@@ -75,7 +75,8 @@ class HeadlessBackend : public Backend,
   ~HeadlessBackend() override;
 
   // --- what the test sets
-  std::string folder;  // the application folder
+  std::string folder;        // the application folder
+  bool folderFails = false;  // it can't be made
   std::string commandLine;
   bool otherCopyRuns = false;
   std::vector<std::string> drives{std::filesystem::current_path().root_path().string()};
@@ -116,6 +117,7 @@ class HeadlessBackend : public Backend,
   std::string clipboardText;
   std::vector<std::shared_ptr<HeadlessLine>> lines;  // connections opened, oldest first
   bool ended = false;
+  int exitStatus = 0;
   bool stalled = false;
   std::vector<HeadlessBox*> openBoxes;  // what opened last comes last
   // The one that takes the input of the user; nullptr while a window does.
@@ -128,7 +130,10 @@ class HeadlessBackend : public Backend,
   std::unique_ptr<WindowPeer> MakePeer(Window& window) override;
   void Wake() override {}
   void ServeToolkit(Serve serve) override;
-  void Quit() override { ended = true; }
+  void Quit(int status) override {
+    ended = true;
+    exitStatus = status;
+  }
   MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) override;
   void PopUp(MenuItem& menu) override;
   void Beep() override { ++beeps; }
@@ -144,7 +149,8 @@ class HeadlessBackend : public Backend,
   std::unique_ptr<Transport> MakeTransport() override;
 
  private:
-  std::string Folder() override { return folder; }
+  std::string Folder() override;
+  std::string OwnPathOf(const std::string& name) override { return PathOf(name); }
   char PathSeparator() const override;
   std::vector<std::string> Drives() override { return drives; }
   std::string ShortDate() override { return shortDate; }

@@ -1,6 +1,7 @@
 #include "platform/qt/CopyRegistry.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QLocalSocket>
 #include <QStandardPaths>
@@ -74,6 +75,11 @@ QStringList CopyRegistry::Others() const {
     }
   }
   return running;
+}
+
+QString CopyRegistry::LockOf(const QString& path) const {
+  const QByteArray name = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1);
+  return folder_ + '/' + QString::fromLatin1(name.toHex().left(16)) + QStringLiteral(".lock");
 }
 
 bool CopyRegistry::OtherCopyRuns() const {

@@ -20,6 +20,8 @@ class CopyRegistry : public QObject {
 
   // Whether another copy is running. Names that copies have left behind are cleaned away.
   bool OtherCopyRuns() const;
+  // Where the copies of this user can lock this path against each other.
+  QString LockOf(const QString& path) const;
   // Asks the copies for the one with this title and has it come to the front; false if there is
   // none.
   bool Activate(const QString& title) const;

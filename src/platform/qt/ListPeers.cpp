@@ -212,6 +212,21 @@ class SpacedRows : public QStyledItemDelegate {
   }
 };
 
+// One row is selected, and stays so until another is: a row that looked taken back would still be
+// the one that OK runs.
+class RowsView : public QListView {
+ public:
+  using QListView::QListView;
+
+ protected:
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override {
+    const auto command = QListView::selectionCommand(index, event);
+    const bool takesBack = command & (QItemSelectionModel::Deselect | QItemSelectionModel::Toggle);
+    return takesBack ? QItemSelectionModel::NoUpdate : command;
+  }
+};
+
 // List boxes and list views; rows count from 0 here, -1 is none.
 class RowsPeer : public ListPeer {
  public:
@@ -220,7 +235,7 @@ class RowsPeer : public ListPeer {
     std::function<void(int row)> pick;
   };
   RowsPeer(Control& control, QWidget* parent, std::unique_ptr<RowsModel> model, Doings doings)
-      : ListPeer(control, new QListView(parent), std::move(model)), doings_(std::move(doings)) {
+      : ListPeer(control, new RowsView(parent), std::move(model)), doings_(std::move(doings)) {
     Own()->setModel(&this->model());
     Own()->setUniformItemSizes(true);
     Own()->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -279,7 +294,7 @@ class RowsPeer : public ListPeer {
       const int rows = model().rowCount({});
       // The toolkit would count from its invisible current row when none is selected.
       if (doings_.selected() < 0 && rows > 0 && (key == Qt::Key_Down || key == Qt::Key_Up)) {
-        doings_.pick(key == Qt::Key_Down ? 0 : rows - 1);
+        Own()->setCurrentIndex(model().index(key == Qt::Key_Down ? 0 : rows - 1));
         return true;
       }
     }

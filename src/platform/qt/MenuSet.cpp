@@ -53,7 +53,8 @@ void MenuSet::Update(const MenuItem& item) {
   QAction* action = ActionOf(item);
   if (!action) return;  // made after the window was loaded
   action->setSeparator(item.IsSeparator());
-  action->setText(ToMnemonic(item.Caption()));
+  // With a text the toolkit draws a separator as a heading.
+  action->setText(item.IsSeparator() ? QString() : ToMnemonic(item.Caption()));
   if (action->menu()) action->menu()->setAccessibleName(ToCaption(WithoutMnemonic(item.Caption())));
   action->setEnabled(item.Enabled());
   action->setVisible(item.Visible());

@@ -14,6 +14,8 @@
 namespace quorvel {
 namespace {
 
+constexpr int kMostCopies = 1000;  // of one user
+
 QString FolderOfUser() {
   QString asked = qEnvironmentVariable("QUORVEL_HOME");
   if (!asked.isEmpty()) return asked;
@@ -46,6 +48,25 @@ std::string QtApplication::Folder() {
                                                   ": " + PathToBytes(folder));
   }
   return PathToBytes(QDir::toNativeSeparators(folder));
+}
+
+// The lock ends with the process, however that ends. It lies with the copies' own entries, under a
+// name that tells the application folder.
+std::string QtApplication::OwnPathOf(const std::string& name) {
+  const std::string path = PathOf(name);
+  const std::size_t point = std::min(name.rfind('.'), name.size());
+  for (int copy = 1; copy <= kMostCopies; ++copy) {
+    const std::string number = copy == 1 ? "" : "-" + std::to_string(copy);
+    const std::string own = PathOf(name.substr(0, point) + number + name.substr(point));
+    auto lock = std::make_unique<QLockFile>(copies_.LockOf(PathToUnicode(own)));
+    lock->setStaleLockTime(0);
+    const bool unusable = !lock->tryLock(0) && lock->error() != QLockFile::LockFailedError;
+    if (unusable) return path;  // no locks here: as if it were alone
+    if (!lock->isLocked()) continue;
+    taken_.push_back(std::move(lock));
+    return own;
+  }
+  return path;
 }
 
 std::vector<std::string> QtApplication::Drives() {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QLockFile>
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Application.h"
 #include "platform/qt/CopyRegistry.h"
@@ -20,6 +23,7 @@ class QtApplication : public Application {
   void SetMainWindow(QWidget* window) { window_ = window; }
 
   std::string Folder() override;
+  std::string OwnPathOf(const std::string& name) override;
   char PathSeparator() const override;
   std::vector<std::string> Drives() override;
   std::string ShortDate() override;
@@ -36,6 +40,7 @@ class QtApplication : public Application {
   std::string title_ = "Quorvel GUI";
   QPointer<QWidget> window_;
   CopyRegistry copies_;
+  std::vector<std::unique_ptr<QLockFile>> taken_;  // names that this copy has
 };
 
 }  // namespace quorvel

@@ -91,7 +91,7 @@ QtBackend::~QtBackend() {
 }
 
 int QtBackend::Run() {
-  if (desktop().IsEnding()) return 0;
+  if (desktop().IsEnding()) return status_;
   running_ = true;
   const int status = QApplication::exec();
   running_ = false;
@@ -144,14 +144,15 @@ void QtBackend::ServeToolkit(Serve serve) {
   }
 }
 
-void QtBackend::Quit() {
+void QtBackend::Quit(int status) {
+  status_ = status;
   // Boxes and menus first, whose loops run inside the main one.
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     if (auto* dialog = qobject_cast<QDialog*>(widget)) dialog->done(QDialog::Rejected);
     if (auto* menu = qobject_cast<QMenu*>(widget)) menu->close();
   }
   waker_->Wake();  // a wait that sleeps has to look around
-  if (running_) QCoreApplication::exit(0);
+  if (running_) QCoreApplication::exit(status);
 }
 
 MessageBoxAnswer QtBackend::ShowMessageBox(const MessageBoxRequest& request) {

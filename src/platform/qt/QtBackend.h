@@ -40,7 +40,7 @@ class QtBackend : public Backend {
   std::unique_ptr<WindowPeer> MakePeer(Window& window) override;
   void Wake() override;
   void ServeToolkit(Serve serve) override;
-  void Quit() override;
+  void Quit(int status) override;
   MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) override;
   void PopUp(MenuItem& menu) override;
   void Beep() override;
@@ -65,6 +65,7 @@ class QtBackend : public Backend {
   std::unique_ptr<Waker> waker_;
   QPointer<MainShell> shell_;
   bool running_ = false;
+  int status_ = 0;
   qint64 lastBeep_ = 0;
 };
 

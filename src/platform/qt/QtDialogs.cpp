@@ -35,7 +35,8 @@ QStringList FiltersOf(const std::string& filter) {
   QStringList filters;
   const QStringList parts = ToCaption(filter).split('|');
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-    const QString pattern = parts[i + 1].trimmed().replace(';', ' ');
+    QString pattern = parts[i + 1].trimmed().replace(';', ' ');
+    if (pattern == "*.*") pattern = "*";  // all files, also those without a point
     QString text = parts[i].trimmed();
     text.truncate(text.lastIndexOf('(') > 0 ? text.lastIndexOf('(') : text.size());
     filters << text.trimmed() + " (" + pattern + ")";

@@ -33,6 +33,7 @@ class SimApplication : public Application {
   explicit SimApplication(const Workplace& place)
       : folder_(place.Folder()), commandLine_(place.Configuration()) {}
   std::string Folder() override { return folder_; }
+  std::string OwnPathOf(const std::string& name) override { return PathOf(name); }
   char PathSeparator() const override { return QDir::separator().toLatin1(); }
   std::vector<std::string> Drives() override { return {folder_}; }
   std::string ShortDate() override { return "2026-11-23"; }
@@ -115,9 +116,9 @@ void SimQtBackend::ServeToolkit(Serve serve) {
   serving_ = before;
 }
 
-void SimQtBackend::Quit() {
+void SimQtBackend::Quit(int status) {
   quit_ = true;
-  QtBackend::Quit();
+  QtBackend::Quit(status);
 }
 
 MessageBoxAnswer SimQtBackend::ShowMessageBox(const MessageBoxRequest& request) {

@@ -24,7 +24,7 @@ class SimQtBackend : public QtBackend {
 
   std::unique_ptr<WindowPeer> MakePeer(Window& window) override;
   void ServeToolkit(Serve serve) override;
-  void Quit() override;
+  void Quit(int status) override;
   MessageBoxAnswer ShowMessageBox(const MessageBoxRequest& request) override;
   Application& application() override;
   CommonDialogs& dialogs() override;

@@ -1,4 +1,4 @@
-#include "entry/NumberText.h"
+#include "platform/NumberText.h"
 
 #include <cmath>
 #include <limits>
