@@ -204,6 +204,15 @@ TEST_F(ExportTest, ParametersAreLoadedChangedAndSaved) {
     EXPECT_EQ(form.lstCommands.List.All(),
               (Texts{Entry('*', "Sheet", "calc @"), Entry(' ', "Editor", "edit @")}));
     EXPECT_EQ(form.txtDesc.Text() + form.txtCmd.Text(), "");
+    // A command that is changed is added, and the old one stays selected, to be deleted.
+    form.lstCommands.UserPick(1);
+    form.cmdChange.UserClick();
+    form.txtDesc.UserEdit("Writer");
+    form.cmdAdd.UserClick();
+    EXPECT_EQ(form.lstCommands.List.Count(), 3);
+    form.cmdDelete.UserClick();
+    EXPECT_EQ(form.lstCommands.List.All(),
+              (Texts{Entry('*', "Sheet", "calc @"), Entry(' ', "Writer", "edit @")}));
     form.optAutoViewer.UserClick();
     form.optExportDefault.UserClick();
     form.cmdOK.UserClick();
@@ -375,6 +384,26 @@ TEST_F(ExportTest, AFolderWhosePathCannotBeKeptIsNotTaken) {
     dialog.cmdCancel.UserClick();
   });
   EXPECT_EQ(Session().BrowseDirectory, "");
+}
+
+// A drive is a whole folder's name, not the beginning of one.
+TEST_F(ExportTest, TheDriveOfAFolder) {
+  namespace fs = std::filesystem;
+  const std::string root = backend.drives[0];
+  const std::string drive = folder.Path() + "/home";
+  for (const char* name : {"/home", "/home2", "/home/kit"})
+    fs::create_directory(folder.Path() + name);
+  backend.drives.push_back(drive);
+  const auto open = [this] { Run([] { Form<frmBrowseExp>()->ShowModal(); }); };
+  While<frmBrowseExp>(open, [&](frmBrowseExp& dialog) {
+    for (const auto& [path, expected] : std::vector<std::pair<std::string, std::string>>{
+             {drive + "2", root}, {drive + "/kit", drive}, {drive, drive}}) {
+      dialog.Dir1.SetPath(path);
+      dialog.Drive1.SelectDriveOf(path);
+      EXPECT_EQ(dialog.Drive1.Text(), expected) << path;
+    }
+    dialog.cmdCancel.UserClick();
+  });
 }
 
 TEST_F(ExportTest, ADriveThatIsNotReady) {

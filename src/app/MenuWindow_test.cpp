@@ -208,6 +208,8 @@ TEST_F(MenuWindowTest, DirectEntryKeepsAHistory) {
   EXPECT_EQ(menu.cboExecute.List.All(), (Texts{"AR.X", "A", "IC.MENU", "ic.MENU"}));
   EXPECT_EQ(OptionRunBy([&] { Enter("IC"); }), ReadOf("IC.MENU"));
   EXPECT_EQ(menu.cboExecute.List.All(), (Texts{"IC.MENU", "AR.X", "A", "ic.MENU"}));
+  // What would break the frame goes out as elsewhere.
+  EXPECT_EQ(OptionRunBy([&] { Enter("A\xFA\x7FX"); }), ReadOf("A??X"));
 }
 
 TEST_F(MenuWindowTest, ButtonsAndMenuBar) {

@@ -56,6 +56,16 @@ TEST_F(ShellTest, StartsWithoutAConfiguration) {
   EXPECT_TRUE(InFront(LoadedForm<frmTelnet>()));
 }
 
+// Without a folder nothing can be kept: one message, and the end.
+TEST_F(ShellTest, WithoutItsFolderItEnds) {
+  backend.folderFails = true;
+  Do([] { desktop().Post(EventKind::Program, [] { quorvel::Main(); }); });
+  EXPECT_EQ(BoxTexts(), Texts{"The program can't run without its folder.\n\nPath not found"});
+  EXPECT_TRUE(backend.ended);
+  EXPECT_EQ(backend.exitStatus, 1);
+  EXPECT_EQ(LoadedForm<mdiMain>(), nullptr);
+}
+
 TEST_F(ShellTest, AConfigurationThatDoesNotLoadLeavesTheProgramIdle) {
   Start("[TELNET]\nRows=x\n[LOGIN]\nUserId=demo\n");
   EXPECT_EQ(backend.messageBoxes.size(), 1u);

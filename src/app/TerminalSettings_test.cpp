@@ -138,7 +138,7 @@ TEST_F(TerminalSettingsTest, RefusesBeforeAnythingIsStored) {
     EXPECT_EQ(Session().LocalEcho, 0);
   }
   backend.onMessageBox = [](const MessageBoxRequest&) { return MessageBoxAnswer::No; };
-  for (const auto& [rows, stored] : {std::pair{"100", 100}, {"1", 1}, {"0.5", 0}}) {
+  for (const auto& [rows, stored] : {std::pair{"100", 100}, {"1", 1}, {"0.5", 0}, {"$4,4", 44}}) {
     InSettings([&, text = rows](frmTerm& window) {
       window.txtBufferRows.UserEdit("");
       window.txtRows.UserEdit(text);

@@ -205,6 +205,12 @@ TEST_F(TerminalTest, OtherEntries) {
   backend.printerFails = true;
   Click(&frmTelnet::mnuPrintScreen);
   EXPECT_EQ(BoxTexts(), Texts{});  // a failure is ignored
+  backend.printerFails = false;
+  backend.printFile = "/home/kit/screen.pdf";
+  Click(&frmTelnet::mnuPrintScreen);
+  EXPECT_EQ(BoxTexts(), Texts{"There is no printer. The screen has been printed to the file\n\n"
+                              "/home/kit/screen.pdf"});
+  backend.messageBoxes.clear();
 
   // Saving: to the file in use, and under a new name.
   Main().Left = 45;

@@ -179,6 +179,10 @@ TEST_F(ControlBehaviour, ListsTellTheRowThatTheUserPicked) {
 
   ListView& list = All().lvwList;
   EXPECT_EQ(list.SelectedIndex(), -1);
+  Do([&] { list.SetFocus(); });
+  Press(KeyCode::Down);  // what is selected first shows so, too
+  EXPECT_EQ(list.SelectedIndex(), 1);
+  EXPECT_EQ(picks(Take(), "lvwList.Click"), 1);
   UserDoes([&] { user->PickRow(list, 2); });
   EXPECT_EQ(list.SelectedIndex(), 2);
   EXPECT_EQ(picks(Take(), "lvwList.Click"), 1);

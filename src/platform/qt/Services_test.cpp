@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/RuntimeError.h"
+#include "platform/qt/QtApplication.h"
 #include "platform/qt/QtFax.h"
 #include "platform/qt/QtPictures.h"
 #include "platform/qt/QtPrinter.h"
@@ -249,6 +250,24 @@ TEST_F(Services, TextOfTheHostNeedsAPrinterOrAChosenFile) {
   for (int i = 0; i < 40; ++i) printer.PrintText("label\r\n");
   printer.EndDocument();
   EXPECT_EQ(Read("out.pdf").count("/Type /Page\n"), 2);
+  // Who prints a screen learns where it is, for it does not replace the document before it.
+  EXPECT_EQ(printer.PrintScreen({"line"}), Path("out-2.pdf"));
+  EXPECT_TRUE(QFile::exists(folder_.filePath("out-2.pdf")));
+}
+
+// --- copies of the program
+
+TEST_F(Services, EachCopyHasAReportFileOfItsOwn) {
+  qputenv("XDG_RUNTIME_DIR", folder_.path().toLocal8Bit());
+  qputenv("QUORVEL_HOME", folder_.path().toLocal8Bit());
+  const auto first = std::make_unique<QtApplication>(QStringList{"quorvel"});
+  auto second = std::make_unique<QtApplication>(QStringList{"quorvel"});
+  QtApplication third(QStringList{"quorvel"});
+  EXPECT_EQ(first->OwnPathOf("REPORT.TXT"), Path("REPORT.TXT"));
+  EXPECT_EQ(second->OwnPathOf("REPORT.TXT"), Path("REPORT-2.TXT"));
+  second.reset();
+  EXPECT_EQ(third.OwnPathOf("REPORT.TXT"), Path("REPORT-2.TXT"));
+  qunsetenv("QUORVEL_HOME");
 }
 
 }  // namespace
