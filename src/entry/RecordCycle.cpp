@@ -6,6 +6,7 @@
 #include "link/Records.h"
 #include "link/SessionState.h"
 #include "platform/PlainText.h"
+#include "platform/Scoped.h"
 
 namespace quorvel {
 namespace {
@@ -34,6 +35,7 @@ void RecordCycle::AcceptKey() const {
   }
   int firstOther = 0;
   if (!TakeKey(firstOther)) return;
+  const ScopedFlag opening(opening_);
   p_.screen.Lock(s.RecordKey);
   p_.screen.ReadData(s.RecordKey);
   const bool open = s.ReadFailed == kFalse ? ShowFoundRecord() : StartNewRecord(firstOther);

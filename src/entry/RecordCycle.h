@@ -17,6 +17,8 @@ class RecordCycle {
       : p_(parts), leave_(std::move(leave)) {}
 
   void AcceptKey() const;
+  // Whether a record has been locked and is on its way to the screen.
+  bool IsOpening() const { return opening_; }
   void Save() const;
   void Delete() const;
   void Cancel() const;
@@ -38,6 +40,7 @@ class RecordCycle {
 
   const ScreenParts p_;
   std::function<void()> leave_;
+  mutable bool opening_ = false;
 };
 
 }  // namespace quorvel

@@ -159,7 +159,7 @@ void frmEntry::Form_Activate() {
 }
 
 bool frmEntry::HasOpenRecord() const {
-  return !mnuFileExit.Enabled() && screen_.IsOfThisSession();
+  return (!mnuFileExit.Enabled() || cycle_.IsOpening()) && screen_.IsOfThisSession();
 }
 
 void frmEntry::Form_QueryUnload(bool& cancel) {
