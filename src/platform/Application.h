@@ -74,8 +74,9 @@ class Printer {
   virtual void PrintText(const std::string& text) = 0;
   // Ends the open document, so that its last page comes out; nothing if none is open.
   virtual void EndDocument() = 0;
-  // Prints lines of a screen in a fixed-pitch font as a document of their own.
-  virtual void PrintScreen(const std::vector<std::string>& lines) = 0;
+  // Prints lines of a screen in a fixed-pitch font as a document of their own. The path of the file
+  // that it has become, where there is no printer; else empty.
+  virtual std::string PrintScreen(const std::vector<std::string>& lines) = 0;
 };
 
 // Window style of a started program, by its classic number.

@@ -229,7 +229,11 @@ void frmTelnet::mnuEPaste_Click() {
 }
 
 void frmTelnet::mnuPrintScreen_Click() {
-  Try([this] { VT2201.PrintScreen(); });  // a failed print screen is ignored
+  std::string file;
+  Try([&] { file = VT2201.PrintScreen(); });  // a failed print screen is ignored
+  if (file.empty()) return;
+  desktop().MsgBox("There is no printer. The screen has been printed to the file\n\n" + file,
+                   MessageBoxStyle::kInformation);
 }
 
 void frmTelnet::mnuOptCapOff_Click() {

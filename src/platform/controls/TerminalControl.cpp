@@ -95,8 +95,8 @@ std::vector<std::string> Terminal::ScreenLines() const {
   return lines;
 }
 
-void Terminal::PrintScreen() {
-  desktop().backend().printer().PrintScreen(ScreenLines());
+std::string Terminal::PrintScreen() {
+  return desktop().backend().printer().PrintScreen(ScreenLines());
 }
 
 void Terminal::UserText(const std::string& bytes) {

@@ -33,8 +33,9 @@ class Terminal : public Control {
 
   // --- output
   void Write(std::string_view bytes);
-  // Prints what the terminal shows; RuntimeError 482 when it can't be printed.
-  void PrintScreen();
+  // Prints what the terminal shows, and returns the path of the file where there is no printer;
+  // RuntimeError 482 when it can't be printed.
+  std::string PrintScreen();
   std::vector<std::string> ScreenLines() const;
 
   // --- selection: lines joined by CR LF, and the part of them that is selected

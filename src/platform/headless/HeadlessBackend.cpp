@@ -222,9 +222,10 @@ void HeadlessBackend::PrintText(const std::string& text) {
   printed.push_back(text);
 }
 
-void HeadlessBackend::PrintScreen(const std::vector<std::string>& screenLines) {
+std::string HeadlessBackend::PrintScreen(const std::vector<std::string>& screenLines) {
   for (const std::string& line : screenLines) PrintText(line);
   EndDocument();
+  return printFile;
 }
 
 namespace {

@@ -82,6 +82,7 @@ class HeadlessBackend : public Backend,
   std::vector<std::string> drives{std::filesystem::current_path().root_path().string()};
   ScreenMetrics screen{19200, 12000, 15};
   bool printerFails = false;
+  std::string printFile;  // where a screen is printed to, for want of a printer
   std::string shortDate = "2026-11-23";
   // The picture files there are, by path: width and height in pixels.
   std::map<std::string, std::pair<int, int>> pictureFiles;
@@ -172,7 +173,7 @@ class HeadlessBackend : public Backend,
   double FontSize() override { return fontSize_; }
   void PrintText(const std::string& text) override;
   void EndDocument() override { ++documentsEnded; }
-  void PrintScreen(const std::vector<std::string>& screenLines) override;
+  std::string PrintScreen(const std::vector<std::string>& screenLines) override;
   void Start(const std::string& command, ProgramWindow window) override;
   std::shared_ptr<const Picture> ReadPicture(const std::string& path) override;
   void SendFax(const FaxJob& job, std::int32_t& result, std::string& message,

@@ -191,7 +191,7 @@ void QtPrinter::EndDocument() {
   painter_.reset();
 }
 
-void QtPrinter::PrintScreen(const std::vector<std::string>& lines) {
+std::string QtPrinter::PrintScreen(const std::vector<std::string>& lines) {
   EndDocument();
   const std::optional<quorvel::Font> ofProgram = std::exchange(font_, std::nullopt);
   std::size_t widest = kUsualColumns;
@@ -200,6 +200,8 @@ void QtPrinter::PrintScreen(const std::vector<std::string>& lines) {
   for (const std::string& line : lines) PrintLine(line);
   EndDocument();
   font_ = ofProgram;
+  const QString file = QDir::toNativeSeparators(Current().outputFileName());
+  return PrintsToFile() ? PathToBytes(file) : std::string();
 }
 
 }  // namespace quorvel

@@ -28,7 +28,7 @@ class QtPrinter : public Printer {
   double FontSize() override;
   void PrintText(const std::string& text) override;
   void EndDocument() override;
-  void PrintScreen(const std::vector<std::string>& lines) override;
+  std::string PrintScreen(const std::vector<std::string>& lines) override;
 
   // For the dialog that sets it up.
   QPrinter& Current();
