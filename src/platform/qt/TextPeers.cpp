@@ -111,6 +111,7 @@ class PagePeer : public WidgetPeer {
       case Prop::Text: {
         if (Text() == box_.Text()) return;
         const int place = Own()->textCursor().position();
+        BreakLongWords();
         Own()->setPlainText(ToUnicode(box_.Text()));
         if (editing_) Select(place, place);
         return;
@@ -133,6 +134,20 @@ class PagePeer : public WidgetPeer {
 
  private:
   QPlainTextEdit* Own() { return static_cast<QPlainTextEdit*>(Widget()); }
+  // The toolkit looks for the end of a word once for each line that the word takes: a long one
+  // without a blank would hold the window for minutes.
+  void BreakLongWords() {
+    constexpr std::size_t kLongestWord = 1000;
+    const std::string& text = box_.Text();
+    std::size_t longest = 0;
+    for (std::size_t at = 0; at < text.size();) {
+      const std::size_t end = std::min(text.find_first_of(" \t\r\n", at), text.size());
+      longest = std::max(longest, end - at);
+      at = end + 1;
+    }
+    Own()->setWordWrapMode(longest > kLongestWord ? QTextOption::WrapAnywhere
+                                                  : QTextOption::WrapAtWordBoundaryOrAnywhere);
+  }
   std::string Text() { return ToBytes(Own()->toPlainText().replace("\n", "\r\n")); }
 
   void Edit() {
