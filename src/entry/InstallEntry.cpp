@@ -38,7 +38,7 @@ void ShowEntryScreen() {
 
 bool KeepsOpenRecord() {
   const auto screen = LoadedForm<frmEntry>();
-  if (!screen || !screen->HasOpenRecord()) return false;
+  if (!screen || (!screen->HasOpenRecord() && !screen->IsOpeningRecord())) return false;
   screen->SetFocus();
   desktop().MsgBox("The record on the open screen is to be saved or cancelled first.",
                    MessageBoxStyle::kExclamation);

@@ -159,7 +159,11 @@ void frmEntry::Form_Activate() {
 }
 
 bool frmEntry::HasOpenRecord() const {
-  return (!mnuFileExit.Enabled() || cycle_.IsOpening()) && screen_.IsOfThisSession();
+  return !mnuFileExit.Enabled() && screen_.IsOfThisSession();
+}
+
+bool frmEntry::IsOpeningRecord() const {
+  return cycle_.IsOpening() && screen_.IsOfThisSession();
 }
 
 void frmEntry::Form_QueryUnload(bool& cancel) {

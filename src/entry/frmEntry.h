@@ -37,6 +37,8 @@ class frmEntry : public Window, public EntryControls {
   void TakeListAnswer(int number);
   // Whether closing it would lose a record.
   bool HasOpenRecord() const;
+  // Whether one is locked and on its way to the screen.
+  bool IsOpeningRecord() const;
   // Lets the user leave, whatever record is open.
   void Free();
   // The screen that was to replace this one has not come.

@@ -94,9 +94,9 @@ void frmBookMark::AddBookMark() {
   movedIndex_ = -1;
 }
 
-void frmBookMark::MoveLine(int from, int to, const std::string& text) {
+void frmBookMark::MoveLine(int from, int to, std::string text) {
   lstCommands.List.Remove(from);
-  lstCommands.List.Insert(to, text);
+  lstCommands.List.Insert(to, std::move(text));
   lstCommands.ListIndex = -1;  // moving is editing, too
   movedIndex_ = to;
 }

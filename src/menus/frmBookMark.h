@@ -30,7 +30,7 @@ class frmBookMark : public Window {
   void Form_Load() override;
 
  private:
-  void MoveLine(int from, int to, const std::string& text);
+  void MoveLine(int from, int to, std::string text);
   bool HeaderIsSelected() const;
 
   void lstCommands_MouseDown(MouseButton button);

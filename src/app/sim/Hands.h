@@ -34,6 +34,8 @@ struct BoxReply {
 class Hands {
  public:
   virtual ~Hands() = default;
+  // Whether what they do has been served, or kept, when the call returns.
+  virtual bool AreAtOnce() const = 0;
   virtual void Click(Control& control) = 0;
   virtual void DoubleClick(Control& control) = 0;
   virtual void RightClick(Control& control) = 0;

@@ -13,6 +13,7 @@ class HeadlessHands : public Hands {
  public:
   explicit HeadlessHands(HeadlessBackend& backend) : backend_(backend) {}
 
+  bool AreAtOnce() const override { return true; }
   void Click(Control& control) override { user_.Click(control); }
   void DoubleClick(Control& control) override { user_.DoubleClick(control); }
   void RightClick(Control& control) override { user_.RightClick(control); }

@@ -69,7 +69,7 @@ void WatchedHands::Type(const std::string& text) {
   Window* front = desktop().focus().Front();
   const bool keeps = front && front->TakesInput() && desktop().KeepsInput(*front) && !text.empty();
   hands_.Type(text);
-  if (keeps && !desktop().HasKeptInput()) rules_.OnDropped(text);
+  if (keeps && hands_.AreAtOnce() && !desktop().HasKeptInput()) rules_.OnDropped(text);
 }
 
 void WatchedHands::ChooseMenu(MenuItem& entry) {

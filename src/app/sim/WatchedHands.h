@@ -12,6 +12,7 @@ class WatchedHands : public Hands {
   WatchedHands(Hands& hands, Rules& rules, const Teller& tell)
       : hands_(hands), rules_(rules), tell_(tell) {}
 
+  bool AreAtOnce() const override { return hands_.AreAtOnce(); }
   void Click(Control& control) override;
   void DoubleClick(Control& control) override;
   void RightClick(Control& control) override;

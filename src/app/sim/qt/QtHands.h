@@ -13,6 +13,7 @@ class QtHands : public Hands {
  public:
   explicit QtHands(Door& door) : door_(door), mouse_(door), keys_(door) {}
 
+  bool AreAtOnce() const override { return false; }
   void Click(Control& control) override;
   void DoubleClick(Control& control) override;
   void RightClick(Control& control) override;
