@@ -1,5 +1,6 @@
 // Controls: text, lists, options, tabs, control arrays, scaling, names.
 
+#include <chrono>
 #include <set>
 
 #include "platform/controls/Elastic.h"
@@ -165,6 +166,26 @@ TEST_F(ControlBehaviour, AComboBoxTakesTypingAndPicks) {
   EXPECT_EQ(std::count(raised.begin(), raised.end(), "cboFree.Click"), 1);
   Do([&] { box.Text = "alpha"; });
   EXPECT_EQ(box.ListIndex(), 0);
+}
+
+class PageWindow : public Window {
+ public:
+  PageWindow() : Window(Kind::Dialog, "frmPage") {
+    txtPage.MultiLine = true;
+    txtPage.Move(0, 0, 6000, 4000);
+  }
+  TextBox txtPage{*this, "txtPage"};
+};
+
+// Broken at the ends of its lines word by word it would take the square of its length: 10 s and
+// more.
+TEST_F(ControlBehaviour, AWordWithoutEndIsShownSoon) {
+  using Clock = std::chrono::steady_clock;
+  Do([] { Form<PageWindow>()->Show(); });
+  const auto begin = Clock::now();
+  Do([] { Form<PageWindow>()->txtPage.Text = std::string(400'000, 'x'); });
+  EXPECT_LT(Clock::now() - begin, std::chrono::seconds(5));
+  Do([] { Form<PageWindow>()->Unload(); });
 }
 
 TEST_F(ControlBehaviour, ListsTellTheRowThatTheUserPicked) {
