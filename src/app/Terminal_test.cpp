@@ -208,7 +208,7 @@ TEST_F(TerminalTest, OtherEntries) {
   backend.printerFails = false;
   backend.printFile = "/home/kit/screen.pdf";
   Click(&frmTelnet::mnuPrintScreen);
-  EXPECT_EQ(BoxTexts(), Texts{"There is no printer. The screen has been printed to the file\n\n"
+  EXPECT_EQ(BoxTexts(), Texts{"The screen has been printed to the file\n\n"
                               "/home/kit/screen.pdf"});
   backend.messageBoxes.clear();
 

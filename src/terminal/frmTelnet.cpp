@@ -232,7 +232,7 @@ void frmTelnet::mnuPrintScreen_Click() {
   std::string file;
   Try([&] { file = VT2201.PrintScreen(); });  // a failed print screen is ignored
   if (file.empty()) return;
-  desktop().MsgBox("There is no printer. The screen has been printed to the file\n\n" + file,
+  desktop().MsgBox("The screen has been printed to the file\n\n" + file,
                    MessageBoxStyle::kInformation);
 }
 
